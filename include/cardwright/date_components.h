@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cardwright/time_zone.h"
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+
+namespace cardwright {
+
+/// Fields of a date and a time, each set or not, as partial dates have them (RFC 6350,
+/// section 4.3).
+struct DateComponents {
+  std::optional<std::int64_t> year;
+  std::optional<std::int64_t> month;
+  std::optional<std::int64_t> day;
+  std::optional<std::int64_t> hour;
+  std::optional<std::int64_t> minute;
+  std::optional<std::int64_t> second;
+  std::optional<TimeZone> timeZone;
+
+  friend bool operator==(const DateComponents&, const DateComponents&) = default;
+};
+
+/// The instant that components name in the Gregorian calendar, with the Julian calendar before
+/// 15 October 1582. Fields out of range roll over into the next larger one; fields that are not
+/// set count as the first of their kind, and an absent zone as UTC.
+[[nodiscard]] [[gnu::visibility("default")]] std::chrono::sys_seconds
+dateFromComponents(const DateComponents& components) noexcept;
+
+/// The fields, year down to second, of an instant in a time zone, with that zone set.
+[[nodiscard]] [[gnu::visibility("default")]] DateComponents
+componentsFromDate(std::chrono::sys_seconds date, TimeZone zone) noexcept;
+
+} // namespace cardwright

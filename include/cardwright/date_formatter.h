@@ -1,0 +1,56 @@
+#pragma once
+
+#include "cardwright/text.h"
+#include "cardwright/time_zone.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace cardwright {
+
+/// Writes instants by a pattern (Unicode Technical Standard 35). One is handed down through every
+/// parse and generate operation of a card. It belongs to one thread at a time.
+class [[gnu::visibility("default")]] DateFormatter {
+ public:
+  /// A formatter without locale, pattern and time zone of its own.
+  DateFormatter() = default;
+  /// A formatter for a locale such as "en_US_POSIX".
+  explicit DateFormatter(std::string_view locale) : m_locale(locale) {}
+
+  /// Absent means the locale of the environment.
+  [[nodiscard]] const std::optional<std::string>& locale() const noexcept {
+    return m_locale;
+  }
+  void setLocale(std::optional<std::string_view> locale) {
+    m_locale = locale;
+  }
+
+  [[nodiscard]] TextView dateFormat() const noexcept {
+    return m_dateFormat;
+  }
+  void setDateFormat(TextView pattern) {
+    m_dateFormat = pattern;
+  }
+
+  /// Absent means UTC, so that no host's daylight saving moves a date.
+  [[nodiscard]] std::optional<TimeZone> timeZone() const noexcept {
+    return m_timeZone;
+  }
+  void setTimeZone(std::optional<TimeZone> zone) noexcept {
+    m_timeZone = zone;
+  }
+
+  /// The instant in the formatter's pattern, locale and time zone.
+  [[nodiscard]] Text stringFromDate(std::chrono::sys_seconds date) const;
+  /// The same, appended to `output`.
+  void appendDate(Text & output, std::chrono::sys_seconds date) const;
+
+ private:
+  std::optional<std::string> m_locale;
+  Text m_dateFormat;
+  std::optional<TimeZone> m_timeZone;
+};
+
+} // namespace cardwright

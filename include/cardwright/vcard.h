@@ -1,0 +1,128 @@
+#pragma once
+
+#include "cardwright/detail/keyed_list.h"
+#include "cardwright/vcard_object.h"
+#include "cardwright/vcard_property.h"
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace cardwright {
+
+class TextScanner;
+class VCard;
+
+/// Properties in the order in which they were added.
+using VCardPropertyList = std::vector<std::shared_ptr<VCardProperty>>;
+/// Properties by upper-cased name. The lists are shared with the card.
+using VCardPropertyDict = std::map<Text, std::shared_ptr<VCardPropertyList>, std::less<>>;
+/// Cards in the order of the text they were read from.
+using VCardList = std::vector<std::shared_ptr<VCard>>;
+
+/// What a card describes (RFC 6350, section 6.1.4), as VCard::kind returns it.
+enum class VCardKind : int {
+  individual = 0, ///< also when the card says nothing
+  org = 1,
+  group = 2,
+  location = 3,
+  device = 4,
+  application = 5,
+  other = 6, ///< any other text
+};
+
+/// A card: properties by name. The order of names is not kept, the order within a name is.
+class [[gnu::visibility("default")]] VCard final : public VCardObject {
+ public:
+  /// A card without properties.
+  VCard() = default;
+
+  // Reading
+
+  /// Reads all cards of a text, however damaged: lines that cannot be read are dropped, text
+  /// outside cards is skipped.
+  /// @param cleaningSummaries filled with one line for each repair when anything was repaired,
+  ///                          and left untouched otherwise
+  /// @returns absent for an absent text, otherwise a list, which may be empty
+  [[nodiscard]] static std::optional<VCardList> vCardsFromString(
+      std::optional<TextView> text, TextList* cleaningSummaries = nullptr);
+  /// The same for UTF-8; see readCards for bytes of unknown origin.
+  [[nodiscard]] static VCardList vCardsFromString(std::string_view utf8,
+                                                  TextList* cleaningSummaries = nullptr);
+
+  /// The first card of vCardsFromString, or null.
+  [[nodiscard]] static std::shared_ptr<VCard> firstvCardFromString(
+      std::optional<TextView> text, TextList* cleaningSummaries = nullptr);
+  [[nodiscard]] static std::shared_ptr<VCard> firstvCardFromString(
+      std::string_view utf8, TextList* cleaningSummaries = nullptr);
+
+  /// Reads the next card and leaves the scanner behind what was consumed. Nothing is cleaned.
+  /// @returns null when there is no card, or no scanner
+  [[nodiscard]] static std::shared_ptr<VCard> vCardFromScanner(TextScanner * scanner);
+
+  // Properties
+
+  /// A copy of the dictionary; the lists in it are the card's own.
+  [[nodiscard]] VCardPropertyDict propertyDict() const;
+  /// Takes the dictionary as it is, whatever its keys are.
+  void setPropertyDict(const VCardPropertyDict& dict);
+
+  /// Appends the property to the list of its upper-cased name. Null is ignored.
+  void addProperty(std::shared_ptr<VCardProperty> property);
+
+  /// The card's own list of the properties of a name: changes to it are changes to the card.
+  /// Null when no property of the name was ever added.
+  [[nodiscard]] std::shared_ptr<VCardPropertyList> propertiesWithName(TextView name) const;
+  /// A new list of those whose group equals `group` without regard to case. Absent when the group
+  /// is, or when the card has no property of the name.
+  [[nodiscard]] std::optional<VCardPropertyList> propertiesWithName(
+      TextView name, std::optional<TextView> group) const;
+  /// Removes all properties of a name; false when there is no entry for it.
+  bool removePropertiesWithName(TextView name);
+
+  /// What the first VERSION property states; 0 without one.
+  [[nodiscard]] std::uint64_t version() const;
+  /// The text of the first UID property.
+  [[nodiscard]] std::optional<TextView> uid() const;
+  /// What the first KIND property says, or else the first X-ADDRESSBOOKSERVER-KIND.
+  [[nodiscard]] VCardKind kind() const;
+  /// The instant of the first REV property.
+  [[nodiscard]] std::optional<std::chrono::sys_seconds> rev() const;
+  /// Whether the card has an entry for REV, whatever its value.
+  [[nodiscard]] bool hasRev() const;
+
+  // Writing
+
+  /// Names of the properties in the order in which they are written.
+  [[nodiscard]] TextList propertiesInSortOrder() const;
+
+  /// Appends the card, from BEGIN:VCARD to END:VCARD, each line ended by CR LF. The version code
+  /// chooses the syntax; the VERSION property is written as the card holds it.
+  void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
+
+  // Repairs of the reader
+
+  /// Replaces numeric character references such as "&#233;" and "&#xE9;" by what they stand for.
+  [[nodiscard]] static std::optional<Text> normalizedStringByDecodingNumericEntitiesFromString(
+      std::optional<TextView> text);
+  /// Reads digits of radix 10 or 16; absent for anything else. Numbers beyond 64 bits read as the
+  /// largest.
+  [[nodiscard]] static std::optional<std::uint64_t> numberFromString(TextView digits, int radix);
+  /// One code point as text; absent for 0 and above 0x10FFFF. Surrogates stand for themselves.
+  [[nodiscard]] static std::optional<Text> stringFromUnicodeScalar(std::uint64_t scalar);
+  /// Cuts a line into which several X-ADDRESSBOOKSERVER- properties were merged.
+  [[nodiscard]] static TextList candidatePropertyLinesFromLine(std::optional<TextView> line);
+
+ private:
+  using PropertyStore = detail::KeyedList<std::shared_ptr<VCardPropertyList>>;
+
+  [[nodiscard]] const VCardProperty* firstPropertyWithKey(TextView key) const;
+
+  PropertyStore m_properties;
+};
+
+} // namespace cardwright

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cardwright/vcard_value.h"
+
+namespace cardwright {
+
+/// A label and a value in one text, joined by "-=+=-", as X-CUSTOM properties carry them.
+class [[gnu::visibility("default")]] VCardCustomValue final : public VCardValue {
+ public:
+  VCardCustomValue() = default;
+
+  [[nodiscard]] std::optional<TextView> label() const noexcept {
+    return m_label.optionalView();
+  }
+  void setLabel(std::optional<TextView> label) {
+    m_label.assign(label);
+  }
+  [[nodiscard]] std::optional<TextView> value() const noexcept {
+    return m_value.optionalView();
+  }
+  void setValue(std::optional<TextView> value) {
+    m_value.assign(value);
+  }
+
+  /// Splits the decoded text; one piece is a value without label, a third piece is dropped.
+  /// Always true.
+  bool parse(TextView text, VersionCode version, DateFormatter * formatter) override;
+  void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
+
+ private:
+  detail::TextStorage m_label;
+  detail::TextStorage m_value;
+};
+
+} // namespace cardwright

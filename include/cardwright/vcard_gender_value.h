@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cardwright/vcard_value.h"
+
+namespace cardwright {
+
+/// Sex and gender identity (RFC 6350, section 6.2.7).
+class [[gnu::visibility("default")]] VCardGenderValue final : public VCardValue {
+ public:
+  VCardGenderValue() = default;
+
+  /// "Gender".
+  [[nodiscard]] std::optional<TextView> type() const noexcept override;
+
+  [[nodiscard]] std::optional<TextView> sex() const noexcept {
+    return m_sex.optionalView();
+  }
+  void setSex(std::optional<TextView> sex) {
+    m_sex.assign(sex);
+  }
+  [[nodiscard]] std::optional<TextView> identity() const noexcept {
+    return m_identity.optionalView();
+  }
+  void setIdentity(std::optional<TextView> identity) {
+    m_identity.assign(identity);
+  }
+
+  /// Splits at the first ";"; without one the identity is left as it was. Always true.
+  bool parse(TextView text, VersionCode version, DateFormatter * formatter) override;
+  void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
+
+ private:
+  detail::TextStorage m_sex;
+  detail::TextStorage m_identity;
+};
+
+} // namespace cardwright

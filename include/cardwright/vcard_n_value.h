@@ -1,0 +1,63 @@
+#pragma once
+
+#include "cardwright/vcard_value.h"
+
+#include <array>
+
+namespace cardwright {
+
+/// A structured name (RFC 6350, section 6.2.2): five slots, each a list of texts or absent.
+class [[gnu::visibility("default")]] VCardNValue final : public VCardValue {
+ public:
+  using Slot = std::optional<TextList>;
+
+  VCardNValue() = default;
+
+  /// "N".
+  [[nodiscard]] std::optional<TextView> type() const noexcept override;
+
+  [[nodiscard]] const Slot& last() const noexcept {
+    return m_slots[0];
+  }
+  [[nodiscard]] const Slot& first() const noexcept {
+    return m_slots[1];
+  }
+  [[nodiscard]] const Slot& middle() const noexcept {
+    return m_slots[2];
+  }
+  [[nodiscard]] const Slot& prefix() const noexcept {
+    return m_slots[3];
+  }
+  [[nodiscard]] const Slot& suffix() const noexcept {
+    return m_slots[4];
+  }
+  void setLast(Slot texts) {
+    m_slots[0] = std::move(texts);
+  }
+  void setFirst(Slot texts) {
+    m_slots[1] = std::move(texts);
+  }
+  void setMiddle(Slot texts) {
+    m_slots[2] = std::move(texts);
+  }
+  void setPrefix(Slot texts) {
+    m_slots[3] = std::move(texts);
+  }
+  void setSuffix(Slot texts) {
+    m_slots[4] = std::move(texts);
+  }
+
+  /// Whether no slot holds a text, be it an empty one.
+  [[nodiscard]] bool isEmpty() const noexcept;
+
+  /// Reads up to five components between unescaped semicolons; an empty one leaves its slot as it
+  /// is. Text after the fifth is ignored. Always true.
+  bool parse(TextView text, VersionCode version, DateFormatter * formatter) override;
+  /// Writes all five slots.
+  void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
+
+ private:
+  std::array<Slot, 5> m_slots;
+};
+
+} // namespace cardwright

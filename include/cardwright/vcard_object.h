@@ -1,0 +1,38 @@
+#pragma once
+
+#include "cardwright/text.h"
+
+namespace cardwright {
+
+class DateFormatter;
+
+/// Common base of cards, properties, parameters and values.
+///
+/// Objects have identity: they are made by factory functions or std::make_shared, shared through
+/// std::shared_ptr and never copied. Const operations of one object may be called from several
+/// threads at once; anything else needs the caller's lock.
+class [[gnu::visibility("default")]] VCardObject {
+ public:
+  VCardObject(const VCardObject&) = delete;
+  VCardObject& operator=(const VCardObject&) = delete;
+
+  /// The object's own text: what generate() writes for version code 0 with a new date formatter.
+  [[nodiscard]] virtual Text description() const;
+
+  /// Reads the object from its text. The base reads nothing and returns false.
+  /// @param text      the object's wire form
+  /// @param version   version code of the card that the text belongs to
+  /// @param formatter borrowed for the call; values that hold dates, and content lines, stop the
+  ///                  process when it is null
+  virtual bool parse(TextView text, VersionCode version, DateFormatter * formatter);
+
+  /// Appends the object's wire form to `output`. The base writes nothing.
+  virtual void generate(Text & output, VersionCode version, DateFormatter * formatter) const;
+
+  virtual ~VCardObject();
+
+ protected:
+  VCardObject() = default;
+};
+
+} // namespace cardwright

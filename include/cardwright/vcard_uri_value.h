@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cardwright/vcard_text_value.h"
+
+namespace cardwright {
+
+/// A URI (RFC 6350, section 4.2), kept and written as text.
+class [[gnu::visibility("default")]] VCardURIValue final : public VCardTextValue {
+ public:
+  VCardURIValue() = default;
+
+  [[nodiscard]] static std::shared_ptr<VCardURIValue> valueWithText(std::optional<TextView> text);
+
+  /// "uri".
+  [[nodiscard]] std::optional<TextView> type() const noexcept override;
+};
+
+} // namespace cardwright

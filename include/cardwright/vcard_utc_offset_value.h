@@ -1,0 +1,34 @@
+#pragma once
+
+#include "cardwright/vcard_value.h"
+
+#include <cstdint>
+
+namespace cardwright {
+
+/// An offset from UTC (RFC 6350, section 4.7).
+class [[gnu::visibility("default")]] VCardUTCOffsetValue final : public VCardValue {
+ public:
+  VCardUTCOffsetValue() = default;
+
+  /// "utc-offset".
+  [[nodiscard]] std::optional<TextView> type() const noexcept override;
+
+  /// Seconds east of UTC.
+  [[nodiscard]] std::int64_t offset() const noexcept {
+    return m_offset;
+  }
+  void setOffset(std::int64_t seconds) noexcept {
+    m_offset = seconds;
+  }
+
+  /// Reads hours and minutes, with or without ":". Always true.
+  bool parse(TextView text, VersionCode version, DateFormatter * formatter) override;
+  /// Writes "+0530" for version 4, "+05:30" for the others.
+  void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
+
+ private:
+  std::int64_t m_offset = 0;
+};
+
+} // namespace cardwright

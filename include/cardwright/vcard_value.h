@@ -1,0 +1,45 @@
+#pragma once
+
+#include "cardwright/detail/text_storage.h"
+#include "cardwright/vcard_object.h"
+
+#include <memory>
+#include <optional>
+
+namespace cardwright {
+
+/// The value of a property. Each subclass reads its fields from the raw value text, still escaped,
+/// and writes them back.
+class [[gnu::visibility("default")]] VCardValue : public VCardObject {
+ public:
+  VCardValue() = default;
+
+  /// Makes an empty value of the class that a value type name selects, without regard to case;
+  /// unknown names give a VCardXValue that keeps the name. Null for an absent name.
+  [[nodiscard]] static std::shared_ptr<VCardValue> valueWithType(std::optional<TextView> type);
+
+  /// The value type name of the class; absent for a class without one.
+  [[nodiscard]] virtual std::optional<TextView> type() const noexcept;
+
+  /// Whether the text to be parsed is quoted-printable.
+  [[nodiscard]] bool quotedPrintable() const noexcept {
+    return m_quotedPrintable;
+  }
+  void setQuotedPrintable(bool quotedPrintable) noexcept {
+    m_quotedPrintable = quotedPrintable;
+  }
+
+  /// Name of the character set of the text to be parsed.
+  [[nodiscard]] std::optional<TextView> charset() const noexcept {
+    return m_charset.optionalView();
+  }
+  void setCharset(std::optional<TextView> charset) {
+    m_charset.assign(charset);
+  }
+
+ private:
+  detail::TextStorage m_charset;
+  bool m_quotedPrintable = false;
+};
+
+} // namespace cardwright

@@ -1,0 +1,13 @@
+#include "base/fatal.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace cardwright {
+
+void fatalError(std::string_view message) noexcept {
+  std::fprintf(stderr, "cardwright: %.*s\n", static_cast<int>(message.size()), message.data());
+  std::abort();
+}
+
+} // namespace cardwright
