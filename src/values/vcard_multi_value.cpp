@@ -1,0 +1,75 @@
+#include "cardwright/vcard_multi_value.h"
+
+#include "base/fatal.h"
+#include "base/whitespace.h"
+#include "cardwright/vcard_text_value.h"
+#include "cardwright/vcard_utilities.h"
+
+namespace cardwright {
+
+std::shared_ptr<VCardMultiValue>
+VCardMultiValue::valueWithType(std::optional<TextView> elementType) {
+  auto value = std::make_shared<VCardMultiValue>();
+  value->m_elementType.assign(elementType);
+  return value;
+}
+
+std::optional<TextView> VCardMultiValue::type() const noexcept {
+  return m_elementType.optionalView();
+}
+
+void VCardMultiValue::addTextValue(std::optional<TextView> text) {
+  if (!m_values) {
+    m_values.emplace();
+  }
+  m_values->push_back(VCardTextValue::valueWithText(text));
+}
+
+void VCardMultiValue::addTextValues(const TextList& texts) {
+  for (const Text& text : texts) {
+    addTextValue(text);
+  }
+}
+
+bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* formatter) {
+  if (formatter == nullptr) {
+    fatalError("Formatter is nil");
+  }
+  if (!m_values) {
+    m_values.emplace();
+  }
+  std::size_t begin = 0;
+  for (;;) {
+    const TextRange comma =
+        VCardUtilities::rangeOfUnescapedDelimiter(text, u',', {begin, text.size() - begin});
+    const bool isLast = comma.location == TextRange::kNotFound;
+    const TextView piece = text.substr(begin, isLast ? TextView::npos : comma.location - begin);
+    if (const std::shared_ptr<VCardValue> element = VCardValue::valueWithType(type())) {
+      element->setQuotedPrintable(quotedPrintable());
+      element->setCharset(charset());
+      element->parse(trimWhitespace(piece), version, formatter);
+      m_values->push_back(element);
+    }
+    if (isLast) {
+      return true;
+    }
+    begin = comma.location + 1;
+  }
+}
+
+void VCardMultiValue::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
+  if (!m_values) {
+    return;
+  }
+  for (const std::shared_ptr<VCardValue>& element : *m_values) {
+    // A repeat of the first object itself gets no comma before it.
+    if (element != m_values->front()) {
+      output.push_back(u',');
+    }
+    if (element != nullptr) {
+      element->generate(output, version, formatter);
+    }
+  }
+}
+
+} // namespace cardwright

@@ -1,0 +1,66 @@
+#include "cardwright/vcard_value.h"
+
+#include "base/name_table.h"
+#include "cardwright/vcard_address_value.h"
+#include "cardwright/vcard_custom_value.h"
+#include "cardwright/vcard_date_time_value.h"
+#include "cardwright/vcard_gender_value.h"
+#include "cardwright/vcard_geo_value.h"
+#include "cardwright/vcard_n_value.h"
+#include "cardwright/vcard_org_value.h"
+#include "cardwright/vcard_text_value.h"
+#include "cardwright/vcard_uri_value.h"
+#include "cardwright/vcard_utc_offset_value.h"
+#include "cardwright/vcard_x_value.h"
+#include "cardwright/vocabulary.h"
+
+namespace cardwright {
+
+namespace {
+
+using Make = std::shared_ptr<VCardValue> (*)(TextView type);
+
+template <typename Value>
+std::shared_ptr<VCardValue> make(TextView /*type*/) {
+  return std::make_shared<Value>();
+}
+
+template <typename Value>
+std::shared_ptr<VCardValue> makeWithType(TextView type) {
+  return Value::valueWithType(type);
+}
+
+/// Which class a value type name selects.
+constexpr NameTable kFactories({
+    NameRow<Make>{cVCardValue_Address, make<VCardAddressValue>},
+    {cVCardValue_DATE, makeWithType<VCardDateTimeValue>},
+    {cVCardValue_DATE_TIME, makeWithType<VCardDateTimeValue>},
+    {cVCardValue_TIME, makeWithType<VCardDateTimeValue>},
+    {cVCardValue_DATE_AND_OR_TIME, makeWithType<VCardDateTimeValue>},
+    {cVCardValue_TIMESTAMP, makeWithType<VCardDateTimeValue>},
+    {cVCardValue_N, make<VCardNValue>},
+    {cVCardValue_TEXT, make<VCardTextValue>},
+    {cVCardValue_BINARY, make<VCardTextValue>},
+    {cVCardValue_URI, make<VCardURIValue>},
+    {cVCardValue_UTC_OFFSET, make<VCardUTCOffsetValue>},
+    {cVCardValue_Gender, make<VCardGenderValue>},
+    {cVCardValue_Org, make<VCardOrgValue>},
+    {cVCardValue_Geo3_0, make<VCardGeoValue>},
+    {cVCardValue_Custom, make<VCardCustomValue>},
+});
+
+} // namespace
+
+std::shared_ptr<VCardValue> VCardValue::valueWithType(std::optional<TextView> type) {
+  if (!type) {
+    return nullptr;
+  }
+  const auto* row = kFactories.findIgnoringCase(*type);
+  return row != nullptr ? row->value(*type) : VCardXValue::valueWithType(type);
+}
+
+std::optional<TextView> VCardValue::type() const noexcept {
+  return std::nullopt;
+}
+
+} // namespace cardwright
