@@ -1,0 +1,119 @@
+#include "cardwright/vcard.h"
+
+#include "base/case.h"
+#include "cardwright/vocabulary.h"
+#include "model/known_names.h"
+
+#include <array>
+
+namespace cardwright {
+
+VCardPropertyDict VCard::propertyDict() const {
+  VCardPropertyDict dict;
+  for (const auto& [key, list] : m_properties.entries()) {
+    dict.emplace(key.view(), list);
+  }
+  return dict;
+}
+
+void VCard::setPropertyDict(const VCardPropertyDict& dict) {
+  m_properties = {};
+  for (const auto& [key, list] : dict) {
+    if (list != nullptr) {
+      m_properties.add(nameStorage(key), list);
+    }
+  }
+}
+
+void VCard::addProperty(std::shared_ptr<VCardProperty> property) {
+  if (property == nullptr) {
+    return;
+  }
+  const UpperCasedName key(property->name());
+  std::shared_ptr<VCardPropertyList>* list = m_properties.find(key.view());
+  if (list == nullptr) {
+    list = &m_properties.add(nameStorage(key.view()), std::make_shared<VCardPropertyList>());
+  }
+  (*list)->push_back(std::move(property));
+}
+
+std::shared_ptr<VCardPropertyList> VCard::propertiesWithName(TextView name) const {
+  const std::shared_ptr<VCardPropertyList>* list = m_properties.find(UpperCasedName(name).view());
+  return list != nullptr ? *list : nullptr;
+}
+
+std::optional<VCardPropertyList> VCard::propertiesWithName(TextView name,
+                                                           std::optional<TextView> group) const {
+  const std::shared_ptr<VCardPropertyList>* list = m_properties.find(UpperCasedName(name).view());
+  if (!group || list == nullptr) {
+    return std::nullopt;
+  }
+  VCardPropertyList matching;
+  for (const std::shared_ptr<VCardProperty>& property : **list) {
+    if (property->group() && equalIgnoringCase(*property->group(), *group)) {
+      matching.push_back(property);
+    }
+  }
+  return matching;
+}
+
+bool VCard::removePropertiesWithName(TextView name) {
+  return m_properties.remove(UpperCasedName(name).view());
+}
+
+const VCardProperty* VCard::firstPropertyWithKey(TextView key) const {
+  const std::shared_ptr<VCardPropertyList>* list = m_properties.find(key);
+  return list != nullptr && !(*list)->empty() ? (*list)->front().get() : nullptr;
+}
+
+std::uint64_t VCard::version() const {
+  const VCardProperty* property = firstPropertyWithKey(cVCardProperty_VERSION);
+  return property != nullptr ? property->versionValue() : 0;
+}
+
+std::optional<TextView> VCard::uid() const {
+  const VCardProperty* property = firstPropertyWithKey(cVCardProperty_UID);
+  return property != nullptr ? property->textValue() : std::nullopt;
+}
+
+VCardKind VCard::kind() const {
+  struct KindName {
+    TextView text;
+    VCardKind kind;
+  };
+  static constexpr std::array<KindName, 6> kKinds = {{
+      {cVCardValue_KIND_INDIVIDUAL, VCardKind::individual},
+      {cVCardValue_KIND_GROUP, VCardKind::group},
+      {cVCardValue_KIND_ORG, VCardKind::org},
+      {cVCardValue_KIND_LOCATION, VCardKind::location},
+      {cVCardValue_KIND_DEVICE, VCardKind::device},
+      {cVCardValue_KIND_APPLICATION, VCardKind::application},
+  }};
+  std::optional<TextView> text;
+  for (const TextView key : {cVCardProperty_KIND, cVCardProperty_X_ADDRESSBOOKSERVER_KIND}) {
+    const VCardProperty* property = text ? nullptr : firstPropertyWithKey(key);
+    if (property != nullptr) {
+      text = property->textValue();
+    }
+  }
+  if (!text) {
+    return VCardKind::individual;
+  }
+  for (const KindName& row : kKinds) {
+    if (equalIgnoringCase(*text, row.text)) {
+      return row.kind;
+    }
+  }
+  return VCardKind::other;
+}
+
+std::optional<std::chrono::sys_seconds> VCard::rev() const {
+  const VCardProperty* property = firstPropertyWithKey(cVCardProperty_REV);
+  return property != nullptr ? property->dateValue() : std::nullopt;
+}
+
+bool VCard::hasRev() const {
+  return m_properties.find(cVCardProperty_REV) != nullptr;
+}
+
+} // namespace cardwright

@@ -1,0 +1,145 @@
+#include "cardwright/vcard_property.h"
+
+#include "base/case.h"
+#include "base/numbers.h"
+#include "cardwright/vcard_date_time_value.h"
+#include "cardwright/vcard_text_value.h"
+#include "cardwright/vocabulary.h"
+#include "model/known_names.h"
+
+#include <array>
+#include <cmath>
+#include <stdexcept>
+#include <string>
+
+namespace cardwright {
+
+std::shared_ptr<VCardProperty> VCardProperty::propertyWithName(TextView name,
+                                                               std::shared_ptr<VCardValue> value) {
+  auto property = std::make_shared<VCardProperty>();
+  property->m_name = nameStorage(name);
+  property->m_value = std::move(value);
+  return property;
+}
+
+std::shared_ptr<VCardProperty> VCardProperty::propertyWithName(TextView name,
+                                                               std::optional<TextView> textValue) {
+  return propertyWithName(name,
+                          std::shared_ptr<VCardValue>(VCardTextValue::valueWithText(textValue)));
+}
+
+std::shared_ptr<VCardProperty> VCardProperty::propertyForVersion(VersionCode version) {
+  constexpr VersionCode kFirst = 2;
+  static constexpr std::array<TextView, 3> kTexts = {u"2.1", u"3.0", u"4.0"};
+  if (version < kFirst || version > 4) {
+    throw std::invalid_argument("vCard: invalid version: " + std::to_string(version));
+  }
+  return propertyWithName(cVCardProperty_VERSION,
+                          kTexts[static_cast<std::size_t>(version - kFirst)]);
+}
+
+std::optional<VCardParameterDict> VCardProperty::parameterDict() const {
+  if (m_parameters == nullptr) {
+    return std::nullopt;
+  }
+  VCardParameterDict dict;
+  for (const auto& [key, parameter] : m_parameters->entries()) {
+    dict.emplace(key.view(), parameter);
+  }
+  return dict;
+}
+
+void VCardProperty::setParameterDict(const std::optional<VCardParameterDict>& dict) {
+  m_parameters.reset();
+  if (dict) {
+    m_parameters = std::make_unique<ParameterStore>();
+    for (const auto& [key, parameter] : *dict) {
+      m_parameters->add(nameStorage(key), parameter);
+    }
+  }
+}
+
+void VCardProperty::addParameter(const std::shared_ptr<VCardParameter>& parameter) {
+  if (parameter == nullptr) {
+    return;
+  }
+  if (m_parameters == nullptr) {
+    m_parameters = std::make_unique<ParameterStore>();
+  }
+  const UpperCasedName key(parameter->name());
+  const std::shared_ptr<VCardParameter>* stored = m_parameters->find(key.view());
+  if (stored == nullptr) {
+    m_parameters->add(nameStorage(key.view()), parameter);
+    return;
+  }
+  auto& values = (*stored)->m_values;
+  // By index: a parameter may be added to itself.
+  const std::size_t count = parameter->m_values.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    detail::TextStorage copy = parameter->m_values[i];
+    values.push_back(std::move(copy));
+  }
+}
+
+std::shared_ptr<VCardParameter> VCardProperty::parameterWithName(TextView name) const {
+  if (m_parameters == nullptr) {
+    return nullptr;
+  }
+  const std::shared_ptr<VCardParameter>* found = m_parameters->find(UpperCasedName(name).view());
+  return found != nullptr ? *found : nullptr;
+}
+
+void VCardProperty::removeParameterWithName(TextView name) {
+  if (m_parameters != nullptr) {
+    m_parameters->remove(UpperCasedName(name).view());
+  }
+}
+
+std::optional<TextView> VCardProperty::valueOfParameterWithName(TextView name) const {
+  if (m_parameters == nullptr) {
+    return std::nullopt;
+  }
+  const std::shared_ptr<VCardParameter>* found = m_parameters->find(UpperCasedName(name).view());
+  return found != nullptr && *found != nullptr ? (*found)->firstValue() : std::nullopt;
+}
+
+VCardParameterList VCardProperty::xParameters() const {
+  VCardParameterList list;
+  if (m_parameters != nullptr) {
+    for (const auto& [key, parameter] : m_parameters->entries()) {
+      if (key.view().starts_with(u"X-")) {
+        list.push_back(parameter);
+      }
+    }
+  }
+  return list;
+}
+
+bool VCardProperty::isMultiValueProperty() const noexcept {
+  return name() == cVCardProperty_NICKNAME || name() == cVCardProperty_CATEGORIES ||
+         name() == cVCardProperty_X_QUILLAN_LOCAL_CATEGORIES;
+}
+
+std::optional<TextView> VCardProperty::textValue() const noexcept {
+  const auto* text = dynamic_cast<const VCardTextValue*>(m_value.get());
+  return text != nullptr ? text->text() : std::nullopt;
+}
+
+std::optional<std::chrono::sys_seconds> VCardProperty::dateValue() const {
+  const auto* date = dynamic_cast<const VCardDateTimeValue*>(m_value.get());
+  if (date == nullptr) {
+    return std::nullopt;
+  }
+  return dateFromComponents(date->comps());
+}
+
+std::uint64_t VCardProperty::versionValue() const noexcept {
+  if (!equalIgnoringCase(name(), cVCardProperty_VERSION)) {
+    return 0;
+  }
+  const double number = std::trunc(leadingNumber(textValue().value_or(TextView())));
+  constexpr double kTwoTo64 = 18446744073709551616.0;
+  return number >= 0 && number < kTwoTo64 ? static_cast<std::uint64_t>(number) : 0;
+}
+
+} // namespace cardwright
