@@ -1,0 +1,163 @@
+#include "reader/line_scanner.h"
+
+#include "base/ascii.h"
+#include "base/case.h"
+#include "cardwright/text_scanner.h"
+#include "cardwright/vcard_utils.h"
+#include "reader/address_book_server.h"
+
+namespace cardwright {
+
+namespace {
+
+/// Whether a header asks for quoted-printable; the bare form of version 2.1 does not count.
+bool declaresQuotedPrintable(TextView header) {
+  return findIgnoringCase(header, u"encoding=quoted-printable").has_value();
+}
+
+/// Whether "=" is the last thing on a line, blanks aside.
+bool endsInEqualsSign(TextView segment) noexcept {
+  std::size_t end = segment.size();
+  while (end > 0 && isSpaceOrTab(segment[end - 1])) {
+    --end;
+  }
+  return end > 0 && segment[end - 1] == u'=';
+}
+
+/// Finds out whether a growing line is quoted-printable, looking at no unit twice.
+class HeaderExamination {
+ public:
+  /// @param line the whole line so far
+  bool isQuotedPrintable(TextView line) {
+    for (; m_state == State::unknown && m_next < line.size(); ++m_next) {
+      if (line[m_next] == u'"') {
+        m_inQuotes = !m_inQuotes;
+      } else if (line[m_next] == u':' && !m_inQuotes) {
+        m_state =
+            declaresQuotedPrintable(line.substr(0, m_next)) ? State::quotedPrintable : State::other;
+      }
+    }
+    return m_state == State::quotedPrintable;
+  }
+
+ private:
+  enum class State { unknown, quotedPrintable, other };
+
+  std::size_t m_next = 0;
+  bool m_inQuotes = false;
+  State m_state = State::unknown;
+};
+
+/// A line that is a view until a second segment joins it.
+class GrowingLine {
+ public:
+  explicit GrowingLine(Text& buffer) noexcept : m_buffer(buffer) {}
+
+  void append(TextView segment) {
+    if (m_view.empty()) {
+      m_view = segment;
+      return;
+    }
+    if (!m_isJoined) {
+      m_buffer.assign(m_view);
+      m_isJoined = true;
+    }
+    m_buffer.append(segment);
+    m_view = m_buffer;
+  }
+
+  /// Removes the blanks and the "=" that the line ends in.
+  void trimSoftBreak() {
+    while (isSpaceOrTab(m_view.back())) {
+      m_view.remove_suffix(1);
+    }
+    m_view.remove_suffix(1);
+    if (m_isJoined) {
+      m_buffer.resize(m_view.size());
+    }
+  }
+
+  [[nodiscard]] TextView view() const noexcept { return m_view; }
+  [[nodiscard]] bool isJoined() const noexcept { return m_isJoined; }
+
+ private:
+  Text& m_buffer;
+  TextView m_view;
+  bool m_isJoined = false;
+};
+
+} // namespace
+
+TextView LineScanner::scanSegment() noexcept {
+  const std::size_t begin = m_location;
+  while (m_location < m_text.size() && !isLineTerminator(m_text[m_location])) {
+    ++m_location;
+  }
+  return m_text.substr(begin, m_location - begin);
+}
+
+void LineScanner::skipLineTerminators() noexcept {
+  while (m_location < m_text.size() && isLineTerminator(m_text[m_location])) {
+    ++m_location;
+  }
+}
+
+bool LineScanner::next(LogicalLine& result) {
+  if (m_location >= m_text.size()) {
+    return false;
+  }
+  result.begin = m_location;
+  GrowingLine line(m_buffer);
+  HeaderExamination header;
+  for (;;) {
+    const TextView segment = scanSegment();
+    if (segment.empty()) {
+      break;
+    }
+    line.append(segment);
+    const bool hasSoftBreak = endsInEqualsSign(segment) && header.isQuotedPrintable(line.view());
+    skipLineTerminators();
+    if (m_location < m_text.size() && isSpaceOrTab(m_text[m_location])) {
+      ++m_location;
+      if (const auto start = addressBookServerPropertyAhead(m_text, m_location);
+          start && isAddressBookServerLine(segment)) {
+        // Wrongly indented: a property of its own.
+        m_location = *start;
+        break;
+      }
+      if (hasSoftBreak) {
+        line.trimSoftBreak();
+      }
+      skipLineTerminators();
+      continue;
+    }
+    if (!hasSoftBreak) {
+      break;
+    }
+    line.trimSoftBreak();
+    TextScanner ahead(m_text);
+    if (VCardUtils::nextLineIsVCardBoundaryAtLocation(ahead, m_location,
+                                                      VCardUtils::lineTerminatorCharacterSet()) ||
+        VCardUtils::nextLineLooksLikeRecoverableStandalonePropertyAtLocation(
+            ahead, m_location, VCardUtils::lineTerminatorCharacterSet(),
+            VCardUtils::headerWhitespaceCharacterSet())) {
+      break;
+    }
+  }
+  result.text = line.view();
+  result.isJoined = line.isJoined();
+  return !result.text.empty();
+}
+
+bool TextScanner::scanFoldedLineIntoString(Text* line) {
+  LineScanner scanner(m_text, m_location);
+  LogicalLine logical{};
+  const bool found = scanner.next(logical);
+  m_location = scanner.location();
+  if (found && line != nullptr) {
+    line->assign(logical.text);
+  }
+  return found;
+}
+
+} // namespace cardwright

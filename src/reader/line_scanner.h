@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cardwright/text.h"
+
+#include <cstddef>
+
+namespace cardwright {
+
+/// A logical line: one physical line, or several joined.
+struct LogicalLine {
+  TextView text;     ///< part of the text that is read, or of the scanner's buffer
+  std::size_t begin; ///< where its first physical line begins, in code units
+  bool isJoined;     ///< whether the text lies in the scanner's buffer
+};
+
+/// Reads the logical lines of a text one after the other.
+class LineScanner {
+ public:
+  LineScanner(TextView text, std::size_t location) noexcept : m_text(text), m_location(location) {}
+
+  /// Index of the next code unit to be read: the start of a physical line.
+  [[nodiscard]] std::size_t location() const noexcept { return m_location; }
+
+  /// Reads the next line, which stays valid until the next call.
+  /// @returns false when no code unit could be read
+  bool next(LogicalLine& line);
+
+ private:
+  [[nodiscard]] TextView scanSegment() noexcept;
+  void skipLineTerminators() noexcept;
+
+  TextView m_text;
+  std::size_t m_location;
+  Text m_buffer;
+};
+
+} // namespace cardwright
