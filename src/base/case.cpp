@@ -141,6 +141,15 @@ UpperCasedName::UpperCasedName(TextView name) {
   }
 }
 
+Text caseFolded(TextView text) {
+  Text folded;
+  folded.reserve(text.size());
+  for (FoldingReader reader(text); !reader.atEnd();) {
+    folded.push_back(reader.next());
+  }
+  return folded;
+}
+
 bool equalIgnoringCase(TextView a, TextView b) {
   std::size_t i = 0;
   for (;; ++i) {

@@ -35,6 +35,9 @@ class UpperCasedName {
   Text m_long;
 };
 
+/// The full case folding, so that equal results mean equality without regard to case.
+[[nodiscard]] Text caseFolded(TextView text);
+
 /// Equality by full case folding.
 [[nodiscard]] bool equalIgnoringCase(TextView a, TextView b);
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cardwright/text.h"
+
+#include <cstddef>
+
+namespace cardwright {
+
+/// Bytes of UTF-8 that a physical line may hold, the blank before a continuation included.
+inline constexpr std::size_t kLineBytes = 75;
+
+/// Appends a content line cut into physical lines of at most kLineBytes, each ended by CR LF.
+/// Characters are never cut: one that is longer than a line stands on a line alone.
+void appendFolded(Text& output, TextView line);
+
+/// Does the same to the end of a text, from `begin` on.
+void foldTail(Text& text, std::size_t begin);
+
+} // namespace cardwright
