@@ -3,6 +3,7 @@
 /// All of Cardwright: include this one, or the headers of what you use.
 
 #include "cardwright/character_set.h"
+#include "cardwright/contacts_parser.h"
 #include "cardwright/date_components.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/face.h"

@@ -14,6 +14,7 @@
 
 namespace cardwright {
 
+class ContactsParser;
 class TextScanner;
 class VCard;
 
@@ -47,22 +48,28 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   /// outside cards is skipped.
   /// @param cleaningSummaries filled with one line for each repair when anything was repaired,
   ///                          and left untouched otherwise
+  /// @param contactsParser    borrowed for the call; asked for empty notes of version 2.1 cards
   /// @returns absent for an absent text, otherwise a list, which may be empty
   [[nodiscard]] static std::optional<VCardList> vCardsFromString(
-      std::optional<TextView> text, TextList* cleaningSummaries = nullptr);
+      std::optional<TextView> text, TextList* cleaningSummaries = nullptr,
+      ContactsParser* contactsParser = nullptr);
   /// The same for UTF-8; see readCards for bytes of unknown origin.
   [[nodiscard]] static VCardList vCardsFromString(std::string_view utf8,
-                                                  TextList* cleaningSummaries = nullptr);
+                                                  TextList* cleaningSummaries = nullptr,
+                                                  ContactsParser* contactsParser = nullptr);
 
   /// The first card of vCardsFromString, or null.
   [[nodiscard]] static std::shared_ptr<VCard> firstvCardFromString(
-      std::optional<TextView> text, TextList* cleaningSummaries = nullptr);
+      std::optional<TextView> text, TextList* cleaningSummaries = nullptr,
+      ContactsParser* contactsParser = nullptr);
   [[nodiscard]] static std::shared_ptr<VCard> firstvCardFromString(
-      std::string_view utf8, TextList* cleaningSummaries = nullptr);
+      std::string_view utf8, TextList* cleaningSummaries = nullptr,
+      ContactsParser* contactsParser = nullptr);
 
   /// Reads the next card and leaves the scanner behind what was consumed. Nothing is cleaned.
   /// @returns null when there is no card, or no scanner
-  [[nodiscard]] static std::shared_ptr<VCard> vCardFromScanner(TextScanner * scanner);
+  [[nodiscard]] static std::shared_ptr<VCard> vCardFromScanner(
+      TextScanner * scanner, ContactsParser* contactsParser = nullptr);
 
   // Properties
 
@@ -116,6 +123,11 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   [[nodiscard]] static std::optional<Text> stringFromUnicodeScalar(std::uint64_t scalar);
   /// Cuts a line into which several X-ADDRESSBOOKSERVER- properties were merged.
   [[nodiscard]] static TextList candidatePropertyLinesFromLine(std::optional<TextView> line);
+  /// Fills the empty note of a version 2.1 card with what another parser reads from the card's
+  /// text. Without that parser, or when it finds no note, the card stays as it is.
+  static void updateVCardUsingCNContactSerializer(const std::shared_ptr<VCard>& card,
+                                                  std::optional<TextView> rawVCard,
+                                                  ContactsParser* contactsParser = nullptr);
 
  private:
   using PropertyStore = detail::KeyedList<std::shared_ptr<VCardPropertyList>>;

@@ -14,7 +14,7 @@ VCardList readCards(std::string_view utf8, ReadReport* report) {
   }
   const Text text = textFromUtf8(utf8);
   ReadRecorder recorder(report);
-  VCardList cards = readAllCards(text, recorder);
+  VCardList cards = readAllCards(text, {&recorder, nullptr});
   recorder.finish(text);
   return cards;
 }

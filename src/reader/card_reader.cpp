@@ -7,9 +7,12 @@
 #include "cardwright/vocabulary.h"
 #include "reader/content_line.h"
 #include "reader/line_scanner.h"
+#include "reader/merged_lines.h"
+#include "reader/numeric_entities.h"
 
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 namespace cardwright {
 
@@ -23,7 +26,8 @@ VersionCode versionCode(std::uint64_t stated) noexcept {
 /// What is known of a card while its lines are read.
 class CardAssembly {
  public:
-  CardAssembly(ReadRecorder& recorder) : m_formatter("en_US_POSIX"), m_recorder(recorder) {}
+  explicit CardAssembly(ReadRecorder& recorder)
+      : m_formatter("en_US_POSIX"), m_recorder(recorder) {}
 
   /// Takes one content line; true when it ends the card.
   bool take(TextView line, std::size_t offset) {
@@ -76,27 +80,42 @@ class CardAssembly {
 
 } // namespace
 
-std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadRecorder& recorder) {
+std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingParties parties) {
+  const std::size_t start = location;
   while (location < text.size() && isWhitespaceOrNewline(text[location])) {
     ++location;
   }
-  CardAssembly card(recorder);
+  CardAssembly assembly(*parties.recorder);
   LineScanner lines(text, location);
   LogicalLine line{};
+  std::vector<TextView> candidates;
   bool isFinished = false;
   while (!isFinished && lines.next(line)) {
-    isFinished = card.take(line.text, line.begin);
+    const std::optional<Text> decoded = decodedNumericEntities(line.text);
+    cutMergedLine(decoded ? TextView(*decoded) : line.text, candidates);
+    for (const TextView candidate : candidates) {
+      if (isFinished) {
+        parties.recorder->lineDropped(DropReason::afterEnd, line.begin, candidate);
+      } else {
+        isFinished = assembly.take(candidate, line.begin);
+      }
+    }
   }
   location = lines.location();
-  return card.finish();
+  std::shared_ptr<VCard> card = assembly.finish();
+  if (parties.contactsParser != nullptr && location > start && location <= text.size()) {
+    VCard::updateVCardUsingCNContactSerializer(card, text.substr(start, location - start),
+                                               parties.contactsParser);
+  }
+  return card;
 }
 
-VCardList readAllCards(TextView text, ReadRecorder& recorder) {
+VCardList readAllCards(TextView text, ReadingParties parties) {
   VCardList cards;
   std::size_t location = 0;
   while (location < text.size()) {
     const std::size_t before = location;
-    if (std::shared_ptr<VCard> card = readCard(text, location, recorder)) {
+    if (std::shared_ptr<VCard> card = readCard(text, location, parties)) {
       cards.push_back(std::move(card));
     }
     if (location == before) {
@@ -106,13 +125,14 @@ VCardList readAllCards(TextView text, ReadRecorder& recorder) {
   return cards;
 }
 
-std::shared_ptr<VCard> VCard::vCardFromScanner(TextScanner* scanner) {
+std::shared_ptr<VCard> VCard::vCardFromScanner(TextScanner* scanner,
+                                               ContactsParser* contactsParser) {
   if (scanner == nullptr) {
     return nullptr;
   }
   ReadRecorder recorder(nullptr);
   std::size_t location = scanner->scanLocation();
-  std::shared_ptr<VCard> card = readCard(scanner->string(), location, recorder);
+  std::shared_ptr<VCard> card = readCard(scanner->string(), location, {&recorder, contactsParser});
   scanner->setScanLocation(location);
   return card;
 }

@@ -8,13 +8,19 @@
 
 namespace cardwright {
 
+/// Who takes part in a reading call besides the reader.
+struct ReadingParties {
+  ReadRecorder* recorder;         ///< never null
+  ContactsParser* contactsParser; ///< null where the host lends none
+};
+
 /// Reads the next card of a text that is not cleaned any more, and moves the location behind what
 /// was consumed.
 /// @returns null when there is no card
 [[nodiscard]] std::shared_ptr<VCard> readCard(TextView text, std::size_t& location,
-                                              ReadRecorder& recorder);
+                                              ReadingParties parties);
 
 /// Reads all cards of such a text.
-[[nodiscard]] VCardList readAllCards(TextView text, ReadRecorder& recorder);
+[[nodiscard]] VCardList readAllCards(TextView text, ReadingParties parties);
 
 } // namespace cardwright

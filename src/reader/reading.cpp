@@ -5,27 +5,32 @@
 namespace cardwright {
 
 std::optional<VCardList> VCard::vCardsFromString(std::optional<TextView> text,
-                                                 TextList* /*cleaningSummaries*/) {
+                                                 TextList* /*cleaningSummaries*/,
+                                                 ContactsParser* contactsParser) {
   if (!text) {
     return std::nullopt;
   }
   ReadRecorder recorder(nullptr);
-  return readAllCards(*text, recorder);
+  return readAllCards(*text, {&recorder, contactsParser});
 }
 
-VCardList VCard::vCardsFromString(std::string_view utf8, TextList* cleaningSummaries) {
-  return vCardsFromString(TextView(textFromUtf8(utf8)), cleaningSummaries).value_or(VCardList());
+VCardList VCard::vCardsFromString(std::string_view utf8, TextList* cleaningSummaries,
+                                  ContactsParser* contactsParser) {
+  return vCardsFromString(TextView(textFromUtf8(utf8)), cleaningSummaries, contactsParser)
+      .value_or(VCardList());
 }
 
 std::shared_ptr<VCard> VCard::firstvCardFromString(std::optional<TextView> text,
-                                                   TextList* cleaningSummaries) {
-  const std::optional<VCardList> cards = vCardsFromString(text, cleaningSummaries);
+                                                   TextList* cleaningSummaries,
+                                                   ContactsParser* contactsParser) {
+  const std::optional<VCardList> cards = vCardsFromString(text, cleaningSummaries, contactsParser);
   return cards && !cards->empty() ? cards->front() : nullptr;
 }
 
 std::shared_ptr<VCard> VCard::firstvCardFromString(std::string_view utf8,
-                                                   TextList* cleaningSummaries) {
-  return firstvCardFromString(TextView(textFromUtf8(utf8)), cleaningSummaries);
+                                                   TextList* cleaningSummaries,
+                                                   ContactsParser* contactsParser) {
+  return firstvCardFromString(TextView(textFromUtf8(utf8)), cleaningSummaries, contactsParser);
 }
 
 } // namespace cardwright
