@@ -12,12 +12,12 @@ namespace cardwright {
 class TimeZone {
  public:
   /// The universal zone, named "Universal".
-  [[nodiscard]] static constexpr TimeZone universal() noexcept { return TimeZone(true, 0); }
+  [[nodiscard]] static constexpr TimeZone universal() noexcept { return {true, 0}; }
 
   /// The zone of a number of seconds east of UTC; absent beyond 18 hours either way.
   [[nodiscard]] static constexpr std::optional<TimeZone>
   withSecondsFromUtc(std::int64_t seconds) noexcept {
-    constexpr std::int64_t kLimit = 18 * 3600;
+    constexpr std::int64_t kLimit = std::int64_t{18} * 3600;
     if (seconds < -kLimit || seconds > kLimit) {
       return std::nullopt;
     }

@@ -74,7 +74,7 @@ class Folded {
     }
     std::array<UChar, 2> source{};
     int32_t sourceLength = 0;
-    U16_APPEND_UNSAFE(source.data(), sourceLength, static_cast<UChar32>(codePoint));
+    U16_APPEND_UNSAFE(source, sourceLength, static_cast<UChar32>(codePoint));
     UErrorCode status = U_ZERO_ERROR;
     m_size = static_cast<std::size_t>(u_strFoldCase(
         reinterpret_cast<UChar*>(m_units.data()), static_cast<int32_t>(m_units.size()),

@@ -6,7 +6,8 @@
 namespace cardwright {
 
 void fatalError(std::string_view message) noexcept {
-  std::fprintf(stderr, "cardwright: %.*s\n", static_cast<int>(message.size()), message.data());
+  static_cast<void>(
+      std::fprintf(stderr, "cardwright: %.*s\n", static_cast<int>(message.size()), message.data()));
   std::abort();
 }
 

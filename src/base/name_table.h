@@ -65,7 +65,7 @@ class NameTable {
   static constexpr std::uint16_t kEmpty = 0xFFFF;
 
   static constexpr std::size_t hash(TextView name) noexcept {
-    std::uint32_t h = static_cast<std::uint32_t>(name.size());
+    auto h = static_cast<std::uint32_t>(name.size());
     for (const char16_t unit : name) {
       h = (h ^ asciiUpper(unit)) * 0x01000193U;
     }

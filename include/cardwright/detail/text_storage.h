@@ -56,7 +56,9 @@ class [[gnu::visibility("default")]] TextStorage {
   }
 
  private:
-  [[nodiscard]] bool isOwned() const noexcept { return (m_sizeAndOwned & 1U) != 0; }
+  [[nodiscard]] bool isOwned() const noexcept {
+    return (m_sizeAndOwned & 1U) != 0;
+  }
   void forget() noexcept {
     m_data = nullptr;
     m_sizeAndOwned = 0;
