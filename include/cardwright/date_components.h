@@ -24,11 +24,13 @@ struct DateComponents {
 
 /// The instant that components name in the Gregorian calendar, with the Julian calendar before
 /// 15 October 1582. Fields out of range roll over into the next larger one; fields that are not
-/// set count as the first of their kind, and an absent zone as UTC.
+/// set count as the first of their kind, and an absent zone as UTC. A date that 64 bits of seconds
+/// cannot hold gives the first or the last one that they can.
 [[nodiscard]] [[gnu::visibility("default")]] std::chrono::sys_seconds
 dateFromComponents(const DateComponents& components) noexcept;
 
-/// The fields, year down to second, of an instant in a time zone, with that zone set.
+/// The fields, year down to second, of an instant in a time zone, with that zone set. Year 0 is
+/// 1 BC, as it is for dateFromComponents().
 [[nodiscard]] [[gnu::visibility("default")]] DateComponents
 componentsFromDate(std::chrono::sys_seconds date, TimeZone zone) noexcept;
 

@@ -12,6 +12,9 @@ namespace cardwright {
 
 /// Writes instants by a pattern (Unicode Technical Standard 35). One is handed down through every
 /// parse and generate operation of a card. It belongs to one thread at a time.
+///
+/// The calendar is always the Gregorian one. Patterns of plain numbers under "en_US_POSIX", as
+/// dates of vCards have them, cost next to nothing; all others set up ICU for each date.
 class [[gnu::visibility("default")]] DateFormatter {
  public:
   /// A formatter without locale, pattern and time zone of its own.
@@ -42,7 +45,8 @@ class [[gnu::visibility("default")]] DateFormatter {
     m_timeZone = zone;
   }
 
-  /// The instant in the formatter's pattern, locale and time zone.
+  /// The instant in the formatter's pattern, locale and time zone; nothing for a pattern with
+  /// letters that mean nothing.
   [[nodiscard]] Text stringFromDate(std::chrono::sys_seconds date) const;
   /// The same, appended to `output`.
   void appendDate(Text & output, std::chrono::sys_seconds date) const;
