@@ -11,13 +11,13 @@ namespace cardwright {
 /// Fields of a date and a time, each set or not, as partial dates have them (RFC 6350,
 /// section 4.3).
 struct DateComponents {
-  std::optional<std::int64_t> year;
-  std::optional<std::int64_t> month;
-  std::optional<std::int64_t> day;
-  std::optional<std::int64_t> hour;
-  std::optional<std::int64_t> minute;
-  std::optional<std::int64_t> second;
-  std::optional<TimeZone> timeZone;
+  std::optional<std::int64_t> year = std::nullopt;
+  std::optional<std::int64_t> month = std::nullopt;
+  std::optional<std::int64_t> day = std::nullopt;
+  std::optional<std::int64_t> hour = std::nullopt;
+  std::optional<std::int64_t> minute = std::nullopt;
+  std::optional<std::int64_t> second = std::nullopt;
+  std::optional<TimeZone> timeZone = std::nullopt;
 
   friend bool operator==(const DateComponents&, const DateComponents&) = default;
 };
