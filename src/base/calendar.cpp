@@ -27,6 +27,13 @@ constexpr Integer floorDivide(Integer number, Integer divisor) noexcept {
   return quotient - (number % divisor < 0 ? 1 : 0);
 }
 
+/// What floorDivide() leaves over: never negative, and within reach where the multiple is not.
+template <typename Integer>
+constexpr Integer floorRemainder(Integer number, Integer divisor) noexcept {
+  const Integer remainder = number % divisor;
+  return remainder < 0 ? remainder + divisor : remainder;
+}
+
 /// Days from 1 March on to the first of a month.
 constexpr int daysBeforeMonth(int monthsSinceMarch) noexcept {
   return (153 * monthsSinceMarch + 2) / 5;
@@ -49,9 +56,8 @@ constexpr Integer firstDayOfMonth(Integer year, int month, Calendar calendar) no
 template <typename Integer>
 constexpr Integer dayFromFields(Integer year, Integer month, Integer day) noexcept {
   const Integer monthsSinceJanuary = month - 1;
-  const Integer yearsInMonths = floorDivide<Integer>(monthsSinceJanuary, 12);
-  const int monthOfYear = static_cast<int>(monthsSinceJanuary - yearsInMonths * 12) + 1;
-  const Integer yearOfMonth = year + yearsInMonths;
+  const auto monthOfYear = static_cast<int>(floorRemainder<Integer>(monthsSinceJanuary, 12)) + 1;
+  const Integer yearOfMonth = year + floorDivide<Integer>(monthsSinceJanuary, 12);
 
   const bool isGregorian = yearOfMonth >= kFirstGregorianYear;
   const auto dayIn = [&](bool gregorian) {
@@ -117,7 +123,7 @@ void setDate(WallClock& clock, std::int64_t day) noexcept {
   if (day >= kFirstGregorianDay) {
     const std::int64_t days = day - kGregorianMarchOfYear0;
     const std::int64_t cycle = floorDivide(days, kDaysIn400GregorianYears);
-    const std::int64_t dayOfCycle = days - cycle * kDaysIn400GregorianYears;
+    const std::int64_t dayOfCycle = floorRemainder(days, kDaysIn400GregorianYears);
     const std::int64_t year =
         (dayOfCycle - dayOfCycle / 1460 + dayOfCycle / 36524 - dayOfCycle / 146096) / 365;
     dayOfYear = dayOfCycle - (365 * year + year / 4 - year / 100);
@@ -125,12 +131,12 @@ void setDate(WallClock& clock, std::int64_t day) noexcept {
   } else {
     const std::int64_t days = day - kJulianMarchOfYear0;
     const std::int64_t cycle = floorDivide(days, kDaysIn4JulianYears);
-    const std::int64_t dayOfCycle = days - cycle * kDaysIn4JulianYears;
+    const std::int64_t dayOfCycle = floorRemainder(days, kDaysIn4JulianYears);
     const std::int64_t year = (dayOfCycle - dayOfCycle / 1460) / 365;
     dayOfYear = dayOfCycle - 365 * year;
     clock.year = cycle * 4 + year;
   }
-  const int monthsSinceMarch = static_cast<int>((5 * dayOfYear + 2) / 153);
+  const auto monthsSinceMarch = static_cast<int>((5 * dayOfYear + 2) / 153);
   clock.day = static_cast<int>(dayOfYear) - daysBeforeMonth(monthsSinceMarch) + 1;
   clock.month = monthsSinceMarch < 10 ? monthsSinceMarch + 3 : monthsSinceMarch - 9;
   if (clock.month <= 2) {
@@ -142,12 +148,10 @@ void setDate(WallClock& clock, std::int64_t day) noexcept {
 
 WallClock wallClockAt(std::chrono::sys_seconds date, std::int32_t secondsFromUtc) noexcept {
   const std::int64_t instant = date.time_since_epoch().count();
-  // Day and time of day take the offset apart from each other: their sum may not fit.
-  std::int64_t day = floorDivide(instant, kSecondsPerDay);
-  const std::int64_t shifted = instant - day * kSecondsPerDay + secondsFromUtc;
-  const std::int64_t daysShifted = floorDivide(shifted, kSecondsPerDay);
-  day += daysShifted;
-  const int secondOfDay = static_cast<int>(shifted - daysShifted * kSecondsPerDay);
+  // The offset goes to the time of day: instant and offset may not fit together.
+  const std::int64_t time = floorRemainder(instant, kSecondsPerDay) + secondsFromUtc;
+  const std::int64_t day = floorDivide(instant, kSecondsPerDay) + floorDivide(time, kSecondsPerDay);
+  const auto secondOfDay = static_cast<int>(floorRemainder(time, kSecondsPerDay));
 
   WallClock clock{};
   setDate(clock, day);
