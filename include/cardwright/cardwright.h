@@ -6,6 +6,7 @@
 #include "cardwright/contacts_parser.h"
 #include "cardwright/date_components.h"
 #include "cardwright/date_formatter.h"
+#include "cardwright/decode.h"
 #include "cardwright/face.h"
 #include "cardwright/read_report.h"
 #include "cardwright/text.h"

@@ -1,9 +1,11 @@
 #include "cardwright/utf8.h"
 
 #include "base/ascii.h"
+#include "base/ascii_lanes.h"
 #include "base/utf8_decoder.h"
 
-#include <cstring>
+#include <algorithm>
+#include <array>
 
 namespace cardwright {
 
@@ -11,23 +13,29 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-void appendCodePointUtf8(std::string& output, char32_t codePoint) {
-  const auto byte = [&output](char32_t value) { output.push_back(static_cast<char>(value)); };
+/// Writes a code point as UTF-8 and returns how many bytes that took.
+std::size_t putCodePoint(char* output, char32_t codePoint) noexcept {
+  const auto byte = [](char32_t value) { return static_cast<char>(value); };
   if (codePoint < 0x80) {
-    byte(codePoint);
-  } else if (codePoint < 0x800) {
-    byte(0xC0 | (codePoint >> 6U));
-    byte(0x80 | (codePoint & 0x3FU));
-  } else if (codePoint < 0x10000) {
-    byte(0xE0 | (codePoint >> 12U));
-    byte(0x80 | ((codePoint >> 6U) & 0x3FU));
-    byte(0x80 | (codePoint & 0x3FU));
-  } else {
-    byte(0xF0 | (codePoint >> 18U));
-    byte(0x80 | ((codePoint >> 12U) & 0x3FU));
-    byte(0x80 | ((codePoint >> 6U) & 0x3FU));
-    byte(0x80 | (codePoint & 0x3FU));
+    output[0] = byte(codePoint);
+    return 1;
   }
+  if (codePoint < 0x800) {
+    output[0] = byte(0xC0 | (codePoint >> 6U));
+    output[1] = byte(0x80 | (codePoint & 0x3FU));
+    return 2;
+  }
+  if (codePoint < 0x10000) {
+    output[0] = byte(0xE0 | (codePoint >> 12U));
+    output[1] = byte(0x80 | ((codePoint >> 6U) & 0x3FU));
+    output[2] = byte(0x80 | (codePoint & 0x3FU));
+    return 3;
+  }
+  output[0] = byte(0xF0 | (codePoint >> 18U));
+  output[1] = byte(0x80 | ((codePoint >> 12U) & 0x3FU));
+  output[2] = byte(0x80 | ((codePoint >> 6U) & 0x3FU));
+  output[3] = byte(0x80 | (codePoint & 0x3FU));
+  return 4;
 }
 
 } // namespace
@@ -35,41 +43,34 @@ void appendCodePointUtf8(std::string& output, char32_t codePoint) {
 Text textFromUtf8(std::string_view utf8) {
   Text text;
   text.reserve(utf8.size());
-  std::size_t at = 0;
-  while (at < utf8.size()) {
-    std::size_t asciiEnd = at;
-    while (asciiEnd < utf8.size() && static_cast<unsigned char>(utf8[asciiEnd]) < 0x80) {
-      ++asciiEnd;
-    }
-    text.append(utf8.begin() + static_cast<std::ptrdiff_t>(at),
-                utf8.begin() + static_cast<std::ptrdiff_t>(asciiEnd));
-    at = asciiEnd;
-    if (at == utf8.size()) {
-      break;
-    }
-    const Utf8Sequence sequence = utf8SequenceAt(utf8, at);
-    at += sequence.length;
-    if (!sequence.isLegal) {
-      text.push_back(kReplacement);
-    } else if (sequence.codePoint < 0x10000) {
-      text.push_back(static_cast<char16_t>(sequence.codePoint));
-    } else {
-      text.push_back(static_cast<char16_t>(0xD7C0U + (sequence.codePoint >> 10U)));
-      text.push_back(static_cast<char16_t>(0xDC00U + (sequence.codePoint & 0x3FFU)));
-    }
-  }
+  decodeUtf8(text, utf8, [](TextGatherer& gatherer, std::size_t at, std::size_t length) {
+    gatherer.append(kReplacement);
+    return at + length;
+  });
   return text;
 }
 
 void appendUtf8(std::string& output, TextView text) {
+  std::array<char, 4096> block; // NOLINT: filled as far as `used` tells
+  std::size_t used = 0;
   for (std::size_t at = 0; at < text.size();) {
-    char32_t codePoint = codePointAt(text, at);
-    at += unitLength(codePoint);
-    if (codePoint >= 0xD800 && codePoint <= 0xDFFF) {
-      codePoint = kReplacement;
+    if (block.size() - used < kAsciiBlock) {
+      output.append(block.data(), used);
+      used = 0;
     }
-    appendCodePointUtf8(output, codePoint);
+    if (isAscii(text[at])) {
+      const std::size_t room = std::min(text.size() - at, block.size() - used);
+      const std::size_t count = narrowAscii(text.data() + at, room, block.data() + used);
+      at += count;
+      used += count;
+      continue;
+    }
+    const char32_t codePoint = codePointAt(text, at);
+    at += unitLength(codePoint);
+    const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    used += putCodePoint(block.data() + used, isSurrogate ? kReplacement : codePoint);
   }
+  output.append(block.data(), used);
 }
 
 std::string utf8FromText(TextView text) {

@@ -41,4 +41,18 @@ Utf8Sequence utf8SequenceAt(std::string_view utf8, std::size_t at) noexcept {
   return {codePoint, length, true};
 }
 
+std::optional<Text> textFromSoundUtf8(std::string_view utf8) {
+  std::optional<Text> text(std::in_place);
+  text->reserve(utf8.size());
+  bool isSound = true;
+  decodeUtf8(*text, utf8, [&](TextGatherer&, std::size_t, std::size_t) {
+    isSound = false;
+    return utf8.size();
+  });
+  if (!isSound) {
+    text.reset();
+  }
+  return text;
+}
+
 } // namespace cardwright

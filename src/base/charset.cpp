@@ -1,0 +1,182 @@
+#include "base/charset.h"
+
+#include "base/ascii_lanes.h"
+#include "base/case.h"
+#include "base/icu_decoder.h"
+#include "base/utf8_decoder.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace cardwright {
+
+namespace {
+
+struct CharsetName {
+  TextView name;
+  Charset charset;
+};
+
+/// Sorted. The GB 2312 names stand for its superset GB 18030, since writers label both that way.
+constexpr CharsetName kNames[] = {
+    {u"ascii", Charset::ascii},
+    {u"big5", Charset::big5},
+    {u"euc-cn", Charset::eucCn},
+    {u"euc-jp", Charset::eucJp},
+    {u"euc-kr", Charset::eucKr},
+    {u"euc-tw", Charset::eucTw},
+    {u"gb-2312", Charset::gb18030},
+    {u"gb2312", Charset::gb18030},
+    {u"hz-gb-2312", Charset::hz},
+    {u"iso-2022-cn", Charset::iso2022cn},
+    {u"iso-2022-jp", Charset::iso2022jp},
+    {u"iso-2022-kr", Charset::iso2022kr},
+    {u"iso-8859-1", Charset::iso8859_1},
+    {u"iso-8859-10", Charset::iso8859_10},
+    {u"iso-8859-11", Charset::iso8859_11},
+    {u"iso-8859-13", Charset::iso8859_13},
+    {u"iso-8859-14", Charset::iso8859_14},
+    {u"iso-8859-15", Charset::iso8859_15},
+    {u"iso-8859-2", Charset::iso8859_2},
+    {u"iso-8859-3", Charset::iso8859_3},
+    {u"iso-8859-4", Charset::iso8859_4},
+    {u"iso-8859-5", Charset::iso8859_5},
+    {u"iso-8859-6", Charset::iso8859_6},
+    {u"iso-8859-7", Charset::iso8859_7},
+    {u"iso-8859-8", Charset::iso8859_8},
+    {u"iso-8859-9", Charset::iso8859_9},
+    {u"iso8859_1", Charset::iso8859_1},
+    {u"koi8-r", Charset::koi8r},
+    {u"koi8-u", Charset::koi8u},
+    {u"ks_c_5601-1987", Charset::eucKr},
+    {u"shift_jis", Charset::shiftJis},
+    {u"us-ascii", Charset::ascii},
+    {u"utf-16", Charset::utf16},
+    {u"utf-16be", Charset::utf16be},
+    {u"utf-16le", Charset::utf16le},
+    {u"utf-8", Charset::utf8},
+    {u"windows-1250", Charset::windows1250},
+    {u"windows-1251", Charset::windows1251},
+    {u"windows-1252", Charset::windows1252},
+    {u"windows-1253", Charset::windows1253},
+    {u"windows-1254", Charset::windows1254},
+    {u"windows-1255", Charset::windows1255},
+    {u"windows-1256", Charset::windows1256},
+    {u"windows-1257", Charset::windows1257},
+    {u"windows-1258", Charset::windows1258},
+};
+static_assert(std::is_sorted(std::begin(kNames), std::end(kNames),
+                             [](const auto& a, const auto& b) { return a.name < b.name; }));
+
+struct Encoding {
+  Charset charset;
+  const char* icuName;
+  bool keepsAscii;
+};
+
+/// In the order of the enumeration. Shift_JIS is ASCII but for three control characters, which ICU
+/// moves about as IBM does.
+constexpr Encoding kEncodings[] = {
+    {Charset::none, "", false},
+    {Charset::ascii, "US-ASCII", true},
+    {Charset::utf8, "UTF-8", true},
+    {Charset::utf16, "UTF-16", false},
+    {Charset::utf16le, "UTF-16LE", false},
+    {Charset::utf16be, "UTF-16BE", false},
+    {Charset::iso8859_1, "ISO-8859-1", true},
+    {Charset::iso8859_2, "ISO-8859-2", true},
+    {Charset::iso8859_3, "ISO-8859-3", true},
+    {Charset::iso8859_4, "ISO-8859-4", true},
+    {Charset::iso8859_5, "ISO-8859-5", true},
+    {Charset::iso8859_6, "ISO-8859-6", true},
+    {Charset::iso8859_7, "ISO-8859-7", true},
+    {Charset::iso8859_8, "ISO-8859-8", true},
+    {Charset::iso8859_9, "ISO-8859-9", true},
+    {Charset::iso8859_10, "ISO-8859-10", true},
+    {Charset::iso8859_11, "ISO-8859-11", true},
+    {Charset::iso8859_13, "ISO-8859-13", true},
+    {Charset::iso8859_14, "ISO-8859-14", true},
+    {Charset::iso8859_15, "ISO-8859-15", true},
+    {Charset::windows1250, "windows-1250", true},
+    {Charset::windows1251, "windows-1251", true},
+    {Charset::windows1252, "windows-1252", true},
+    {Charset::windows1253, "windows-1253", true},
+    {Charset::windows1254, "windows-1254", true},
+    {Charset::windows1255, "windows-1255", true},
+    {Charset::windows1256, "windows-1256", true},
+    {Charset::windows1257, "windows-1257", true},
+    {Charset::windows1258, "windows-1258", true},
+    {Charset::koi8r, "KOI8-R", true},
+    {Charset::koi8u, "KOI8-U", true},
+    {Charset::shiftJis, "Shift_JIS", false},
+    {Charset::eucJp, "EUC-JP", true},
+    {Charset::iso2022jp, "ISO-2022-JP", false},
+    {Charset::eucKr, "EUC-KR", true},
+    {Charset::iso2022kr, "ISO-2022-KR", false},
+    {Charset::gb18030, "GB18030", true},
+    {Charset::eucCn, "EUC-CN", true},
+    {Charset::hz, "HZ-GB-2312", false},
+    {Charset::iso2022cn, "ISO-2022-CN", false},
+    {Charset::big5, "Big5", true},
+    {Charset::eucTw, "EUC-TW", true},
+};
+constexpr std::size_t kEncodingCount = std::size(kEncodings);
+
+constexpr bool isInOrder() {
+  for (std::size_t i = 0; i < kEncodingCount; ++i) {
+    if (static_cast<std::size_t>(kEncodings[i].charset) != i) {
+      return false;
+    }
+  }
+  return static_cast<std::size_t>(Charset::eucTw) + 1 == kEncodingCount;
+}
+static_assert(isInOrder());
+
+const Encoding& encodingOf(Charset charset) noexcept {
+  return kEncodings[static_cast<std::size_t>(charset)];
+}
+
+/// The calling thread's converter of a charset, opened when it is first asked for.
+IcuDecoder& decoderOf(Charset charset) {
+  thread_local std::array<std::optional<IcuDecoder>, kEncodingCount> decoders;
+  std::optional<IcuDecoder>& decoder = decoders[static_cast<std::size_t>(charset)];
+  if (!decoder) {
+    decoder.emplace(icuName(charset));
+  }
+  return *decoder;
+}
+
+} // namespace
+
+Charset charsetNamed(TextView name) {
+  const Text lower = lowerCased(name);
+  const auto* const found = std::lower_bound(
+      std::begin(kNames), std::end(kNames), TextView(lower),
+      [](const CharsetName& entry, TextView wanted) { return entry.name < wanted; });
+  return found != std::end(kNames) && found->name == lower ? found->charset : Charset::none;
+}
+
+const char* icuName(Charset charset) noexcept {
+  return encodingOf(charset).icuName;
+}
+
+bool keepsAscii(Charset charset) noexcept {
+  return encodingOf(charset).keepsAscii;
+}
+
+std::optional<Text> textFromBytes(std::string_view bytes, Charset charset) {
+  if (charset == Charset::utf8) {
+    return textFromSoundUtf8(bytes);
+  }
+  if (keepsAscii(charset)) {
+    Text text(bytes.size(), u'\0');
+    if (widenAscii(bytes.data(), bytes.size(), text.data()) == bytes.size()) {
+      return text;
+    }
+  }
+  IcuDecoder& decoder = decoderOf(charset);
+  return decoder.isOpen() ? decoder.decode(bytes) : std::nullopt;
+}
+
+} // namespace cardwright

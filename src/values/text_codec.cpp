@@ -1,0 +1,121 @@
+#include "values/text_codec.h"
+
+#include "base/ascii.h"
+#include "base/case.h"
+#include "base/charset.h"
+#include "cardwright/vcard_utils.h"
+#include "values/escapes.h"
+#include "values/quoted_printable.h"
+
+#include <algorithm>
+
+namespace cardwright {
+
+namespace {
+
+/// Whether the text, taken as bytes in the charset, is nothing but itself.
+bool isUnchangedByCharset(TextView text, std::optional<TextView> name) {
+  const Charset charset = name ? charsetNamed(*name) : Charset::none;
+  if (charset != Charset::none) {
+    return keepsAscii(charset);
+  }
+  // Zero bytes would make it look like UTF-16.
+  return text.find(u'\0') == TextView::npos;
+}
+
+std::optional<CodedText> changed(std::optional<Text> text) {
+  return text ? std::optional(CodedText::changed(*std::move(text))) : std::nullopt;
+}
+
+/// Reads the units of an ASCII text as bytes in the charset.
+std::optional<CodedText> decodedInCharset(CodedText text, TextView charset) {
+  const TextView units = text.view();
+  if (!std::all_of(units.begin(), units.end(), isAscii) || isUnchangedByCharset(units, charset)) {
+    return text;
+  }
+  return changed(VCardUtilities::stringFromData(std::string(units.begin(), units.end()), charset));
+}
+
+std::optional<CodedText> decodedQuotedPrintable(CodedText text, std::optional<TextView> charset,
+                                                TextView source) {
+  const std::optional<std::string> bytes = quotedPrintableBytes(text.view());
+  if (!bytes) {
+    return text;
+  }
+  return changed(
+      VCardUtils::normalizedDecodedString(VCardUtilities::stringFromData(*bytes, charset), source));
+}
+
+} // namespace
+
+CodedText unescapedText(TextView text) {
+  return withoutEscapes(text, u'\\', [](Text& result, char16_t escaped) {
+    const char16_t lower = asciiLower(escaped);
+    result.push_back(lower == u'n' ? u'\n' : lower == u'r' ? u'\r' : escaped);
+  });
+}
+
+std::optional<CodedText> decodedText(TextView text, bool quotedPrintable,
+                                     std::optional<TextView> charset) {
+  CodedText unescaped = unescapedText(text);
+  if (quotedPrintable) {
+    return decodedQuotedPrintable(std::move(unescaped), charset, text);
+  }
+  return charset ? decodedInCharset(std::move(unescaped), *charset) : std::move(unescaped);
+}
+
+std::optional<Text> VCardUtils::decodeTextValue(std::optional<TextView> text, bool quotedPrintable,
+                                                std::optional<TextView> charset) {
+  std::optional<CodedText> decoded;
+  if (text) {
+    decoded = decodedText(*text, quotedPrintable, charset);
+  }
+  return decoded ? std::optional(std::move(*decoded).text()) : std::nullopt;
+}
+
+std::optional<TextList> VCardUtils::decodeTextMultiValue(std::optional<TextView> text,
+                                                         bool quotedPrintable,
+                                                         std::optional<TextView> charset) {
+  if (!text) {
+    return std::nullopt;
+  }
+  TextList list;
+  forEachTextListPiece(*text, [&](TextView piece) {
+    if (auto decoded = decodedText(piece, quotedPrintable, charset)) {
+      list.push_back(std::move(*decoded).text());
+    }
+  });
+  return list;
+}
+
+std::optional<Text> VCardUtils::normalizedDecodedString(std::optional<TextView> decoded,
+                                                        TextView source) {
+  if (!decoded) {
+    return std::nullopt;
+  }
+  if (decoded->find(u'\n') == TextView::npos || decoded->find(u"\r\n") != TextView::npos ||
+      !findIgnoringCase(source, u"=0d=0a")) {
+    return Text(*decoded);
+  }
+  Text normalized;
+  normalized.reserve(decoded->size() + decoded->size() / 16);
+  for (const char16_t unit : *decoded) {
+    if (unit == u'\n') {
+      normalized.push_back(u'\r');
+    }
+    normalized.push_back(unit);
+  }
+  return normalized;
+}
+
+void VCardUtils::trimQuotedPrintableSoftBreakSuffixFromLine(Text& line,
+                                                            const CharacterSet& spaceAndTabSet) {
+  while (!line.empty() && spaceAndTabSet.contains(line.back())) {
+    line.pop_back();
+  }
+  if (line.ends_with(u'=')) {
+    line.pop_back();
+  }
+}
+
+} // namespace cardwright

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/whitespace.h"
+#include "cardwright/text.h"
+#include "cardwright/vcard_utilities.h"
+#include "values/coded_text.h"
+
+#include <optional>
+
+namespace cardwright {
+
+/// Takes away backslash escapes: "\n" and "\r" in either case are LF and CR, any other character
+/// stands for itself, and a backslash at the end for nothing.
+[[nodiscard]] CodedText unescapedText(TextView text);
+
+/// VCardUtils::decodeTextValue of a text that is there.
+[[nodiscard]] std::optional<CodedText> decodedText(TextView text, bool quotedPrintable,
+                                                   std::optional<TextView> charset);
+
+/// VCardUtils::decodeParameterTextValue.
+[[nodiscard]] CodedText decodedParameterText(TextView text);
+/// VCardUtils::encodeParameterTextValue.
+[[nodiscard]] CodedText encodedParameterText(TextView text);
+
+/// Hands each piece between commas that are not escaped to `receive`: without blanks and line
+/// breaks at its ends, unless it has nothing else. There is always at least one piece.
+template <typename Receive>
+void forEachTextListPiece(TextView list, Receive receive) {
+  for (;;) {
+    const TextRange comma = VCardUtilities::rangeOfUnescapedDelimiter(list, u',', {0, list.size()});
+    const bool isLast = comma.length == 0;
+    const TextView piece = isLast ? list : list.substr(0, comma.location);
+    const TextView trimmed = trimWhitespaceAndNewlines(piece);
+    receive(trimmed.empty() ? piece : trimmed);
+    if (isLast) {
+      return;
+    }
+    list.remove_prefix(comma.location + 1);
+  }
+}
+
+} // namespace cardwright
