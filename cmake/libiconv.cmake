@@ -32,8 +32,7 @@ endif()
 
 if(NOT CARDWRIGHT_SYSTEM_LIBICONV)
   if(NOT EXISTS ${CARDWRIGHT_LIBICONV_SOURCE}/lib/iconv.c)
-    message(FATAL_ERROR "No GNU libiconv here and no source of it in "
-                        "${CARDWRIGHT_LIBICONV_SOURCE}: run scripts/fetch-libiconv")
+    message(FATAL_ERROR "GNU libiconv is missing here: run scripts/fetch-libiconv")
   endif()
 
   # One translation unit, and the name of the locale's charset, which nothing here asks for. Its
