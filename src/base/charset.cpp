@@ -1,5 +1,6 @@
 #include "base/charset.h"
 
+#include "base/ascii.h"
 #include "base/ascii_lanes.h"
 #include "base/case.h"
 #include "base/icu_decoder.h"
@@ -68,6 +69,11 @@ constexpr CharsetName kNames[] = {
 };
 static_assert(std::is_sorted(std::begin(kNames), std::end(kNames),
                              [](const auto& a, const auto& b) { return a.name < b.name; }));
+
+constexpr std::size_t kLongestName =
+    std::max_element(std::begin(kNames), std::end(kNames), [](const auto& a, const auto& b) {
+      return a.name.size() < b.name.size();
+    }) -> name.size();
 
 struct Encoding {
   Charset charset;
@@ -150,9 +156,18 @@ IcuDecoder& decoderOf(Charset charset) {
 } // namespace
 
 Charset charsetNamed(TextView name) {
-  const Text lower = lowerCased(name);
+  std::array<char16_t, kLongestName> buffer; // NOLINT: filled as far as the name reaches
+  Text mapped;
+  TextView lower;
+  if (!std::all_of(name.begin(), name.end(), isAscii)) {
+    mapped = lowerCased(name);
+    lower = mapped;
+  } else if (name.size() <= buffer.size()) {
+    std::transform(name.begin(), name.end(), buffer.begin(), asciiLower);
+    lower = TextView(buffer.data(), name.size());
+  }
   const auto* const found = std::lower_bound(
-      std::begin(kNames), std::end(kNames), TextView(lower),
+      std::begin(kNames), std::end(kNames), lower,
       [](const CharsetName& entry, TextView wanted) { return entry.name < wanted; });
   return found != std::end(kNames) && found->name == lower ? found->charset : Charset::none;
 }

@@ -42,6 +42,9 @@ IcuDecoder::IcuDecoder(const char* name) {
   if (isKnownToIcu(name)) {
     UErrorCode status = U_ZERO_ERROR;
     m_converter.reset(ucnv_open(name, &status));
+    if (isOpen()) {
+      stopAtError(m_converter.get());
+    }
   }
 }
 
@@ -52,7 +55,6 @@ std::string IcuDecoder::name() const {
 }
 
 std::optional<Text> IcuDecoder::decode(std::string_view bytes) {
-  stopAtError(m_converter.get());
   std::optional<Text> text(std::in_place);
   if (!convert(bytes, *text)) {
     text.reset();

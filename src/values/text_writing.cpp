@@ -63,7 +63,7 @@ void VCardUtils::writeTextValue(std::optional<TextView> text, Text& output, bool
   for (std::size_t at = 0; at < text->size();) {
     const Writing writing = writingAt(*text, at);
     if (writing == Writing::plain || (writing == Writing::escapeSemicolon && !escapeSemicolons)) {
-      at += unitLength(codePointAt(*text, at));
+      at += isHighSurrogate((*text)[at]) ? 2 : 1; // A valid one begins a pair.
       continue;
     }
     output.append(*text, copied, at - copied);
