@@ -4,6 +4,7 @@
 #include "base/ascii_lanes.h"
 #include "base/case.h"
 #include "base/icu_decoder.h"
+#include "base/name_table.h"
 #include "base/utf8_decoder.h"
 
 #include <algorithm>
@@ -14,14 +15,9 @@ namespace cardwright {
 
 namespace {
 
-struct CharsetName {
-  TextView name;
-  Charset charset;
-};
-
-/// Sorted. The GB 2312 names stand for its superset GB 18030, since writers label both that way.
-constexpr CharsetName kNames[] = {
-    {u"ascii", Charset::ascii},
+/// The GB 2312 names stand for its superset GB 18030, since writers label both that way.
+constexpr NameTable kNames({
+    NameRow<Charset>{u"ascii", Charset::ascii},
     {u"big5", Charset::big5},
     {u"euc-cn", Charset::eucCn},
     {u"euc-jp", Charset::eucJp},
@@ -66,14 +62,7 @@ constexpr CharsetName kNames[] = {
     {u"windows-1256", Charset::windows1256},
     {u"windows-1257", Charset::windows1257},
     {u"windows-1258", Charset::windows1258},
-};
-static_assert(std::is_sorted(std::begin(kNames), std::end(kNames),
-                             [](const auto& a, const auto& b) { return a.name < b.name; }));
-
-constexpr std::size_t kLongestName =
-    std::max_element(std::begin(kNames), std::end(kNames), [](const auto& a, const auto& b) {
-      return a.name.size() < b.name.size();
-    }) -> name.size();
+});
 
 struct Encoding {
   Charset charset;
@@ -156,20 +145,10 @@ IcuDecoder& decoderOf(Charset charset) {
 } // namespace
 
 Charset charsetNamed(TextView name) {
-  std::array<char16_t, kLongestName> buffer; // NOLINT: filled as far as the name reaches
-  Text mapped;
-  TextView lower;
-  if (!std::all_of(name.begin(), name.end(), isAscii)) {
-    mapped = lowerCased(name);
-    lower = mapped;
-  } else if (name.size() <= buffer.size()) {
-    std::transform(name.begin(), name.end(), buffer.begin(), asciiLower);
-    lower = TextView(buffer.data(), name.size());
-  }
-  const auto* const found = std::lower_bound(
-      std::begin(kNames), std::end(kNames), lower,
-      [](const CharsetName& entry, TextView wanted) { return entry.name < wanted; });
-  return found != std::end(kNames) && found->name == lower ? found->charset : Charset::none;
+  const bool isAsciiName = std::all_of(name.begin(), name.end(), isAscii);
+  const auto* const row =
+      isAsciiName ? kNames.findIgnoringCase(name) : kNames.find(lowerCased(name));
+  return row != nullptr ? row->value : Charset::none;
 }
 
 const char* icuName(Charset charset) noexcept {

@@ -3,6 +3,7 @@
 #include "base/ascii.h"
 #include "base/case.h"
 #include "base/charset.h"
+#include "base/whitespace.h"
 #include "cardwright/vcard_utils.h"
 #include "values/escapes.h"
 #include "values/quoted_printable.h"
@@ -80,8 +81,10 @@ std::optional<TextList> VCardUtils::decodeTextMultiValue(std::optional<TextView>
     return std::nullopt;
   }
   TextList list;
-  forEachTextListPiece(*text, [&](TextView piece) {
-    if (auto decoded = decodedText(piece, quotedPrintable, charset)) {
+  forEachListPiece(*text, [&](TextView piece) {
+    const TextView trimmed = trimWhitespaceAndNewlines(piece);
+    // A piece of nothing but blanks keeps them.
+    if (auto decoded = decodedText(trimmed.empty() ? piece : trimmed, quotedPrintable, charset)) {
       list.push_back(std::move(*decoded).text());
     }
   });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/whitespace.h"
 #include "cardwright/text.h"
 #include "cardwright/vcard_utilities.h"
 #include "values/coded_text.h"
@@ -22,17 +21,14 @@ namespace cardwright {
 /// VCardUtils::encodeParameterTextValue.
 [[nodiscard]] CodedText encodedParameterText(TextView text);
 
-/// Hands each piece between commas that are not escaped to `receive`: without blanks and line
-/// breaks at its ends, unless it has nothing else. There is always at least one piece.
+/// Hands each piece of a list between commas that are not escaped to `receive`; there is always at
+/// least one.
 template <typename Receive>
-void forEachTextListPiece(TextView list, Receive receive) {
+void forEachListPiece(TextView list, Receive receive) {
   for (;;) {
     const TextRange comma = VCardUtilities::rangeOfUnescapedDelimiter(list, u',', {0, list.size()});
-    const bool isLast = comma.length == 0;
-    const TextView piece = isLast ? list : list.substr(0, comma.location);
-    const TextView trimmed = trimWhitespaceAndNewlines(piece);
-    receive(trimmed.empty() ? piece : trimmed);
-    if (isLast) {
+    receive(list.substr(0, comma.location));
+    if (comma.length == 0) {
       return;
     }
     list.remove_prefix(comma.location + 1);

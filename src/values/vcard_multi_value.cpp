@@ -3,7 +3,7 @@
 #include "base/fatal.h"
 #include "base/whitespace.h"
 #include "cardwright/vcard_text_value.h"
-#include "cardwright/vcard_utilities.h"
+#include "values/text_codec.h"
 
 namespace cardwright {
 
@@ -38,23 +38,15 @@ bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* f
   if (!m_values) {
     m_values.emplace();
   }
-  std::size_t begin = 0;
-  for (;;) {
-    const TextRange comma =
-        VCardUtilities::rangeOfUnescapedDelimiter(text, u',', {begin, text.size() - begin});
-    const bool isLast = comma.location == TextRange::kNotFound;
-    const TextView piece = text.substr(begin, isLast ? TextView::npos : comma.location - begin);
+  forEachListPiece(text, [&](TextView piece) {
     if (const std::shared_ptr<VCardValue> element = VCardValue::valueWithType(type())) {
       element->setQuotedPrintable(quotedPrintable());
       element->setCharset(charset());
       element->parse(trimWhitespace(piece), version, formatter);
       m_values->push_back(element);
     }
-    if (isLast) {
-      return true;
-    }
-    begin = comma.location + 1;
-  }
+  });
+  return true;
 }
 
 void VCardMultiValue::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
