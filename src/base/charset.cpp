@@ -142,6 +142,12 @@ IcuDecoder& decoderOf(Charset charset) {
   return *decoder;
 }
 
+/// Whether HZ text ends where a character ends, which ICU does not look at. The line continuation
+/// "~" LF means nothing then, and something or an error otherwise.
+bool isWholeHz(IcuDecoder& decoder, std::string_view bytes, const std::optional<Text>& text) {
+  return decoder.decode(std::string(bytes).append("~\n")) == text;
+}
+
 } // namespace
 
 Charset charsetNamed(TextView name) {
@@ -170,7 +176,14 @@ std::optional<Text> textFromBytes(std::string_view bytes, Charset charset) {
     }
   }
   IcuDecoder& decoder = decoderOf(charset);
-  return decoder.isOpen() ? decoder.decode(bytes) : std::nullopt;
+  if (!decoder.isOpen()) {
+    return std::nullopt;
+  }
+  std::optional<Text> text = decoder.decode(bytes);
+  if (charset == Charset::hz && !isWholeHz(decoder, bytes, text)) {
+    text.reset();
+  }
+  return text;
 }
 
 } // namespace cardwright

@@ -1,0 +1,138 @@
+#include "base/ascii_lanes.h"
+#include "base/utf8_decoder.h"
+#include "cardwright/utf8.h"
+#include "support/bytes.h"
+#include "support/combinations.h"
+#include "support/seed.h"
+#include "support/text_printer.h"
+
+#include <gtest/gtest.h>
+#include <unicode/ustring.h>
+
+#include <random>
+
+namespace cardwright {
+namespace {
+
+Text decodedByIcu(std::string_view utf8) {
+  Text text(utf8.size(), u'\0');
+  int32_t length = 0;
+  UErrorCode status = U_ZERO_ERROR;
+  u_strFromUTF8WithSub(text.data(), static_cast<int32_t>(text.size()), &length, utf8.data(),
+                       static_cast<int32_t>(utf8.size()), 0xFFFD, nullptr, &status);
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+std::string encodedByIcu(TextView text) {
+  std::string utf8(text.size() * 3, '\0');
+  int32_t length = 0;
+  UErrorCode status = U_ZERO_ERROR;
+  u_strToUTF8WithSub(utf8.data(), static_cast<int32_t>(utf8.size()), &length, text.data(),
+                     static_cast<int32_t>(text.size()), 0xFFFD, nullptr, &status);
+  utf8.resize(static_cast<std::size_t>(length));
+  return utf8;
+}
+
+bool hasReplacement(TextView text) {
+  return text.find(char16_t{0xFFFD}) != TextView::npos;
+}
+
+void expectTheSameAsIcu(const std::string& utf8) {
+  const Text expected = decodedByIcu(utf8);
+  ASSERT_EQ(textFromUtf8(utf8), expected) << testing::PrintToString(utf8);
+  if (utf8.find("\xEF\xBF\xBD") == std::string::npos) {
+    const std::optional<Text> sound = textFromSoundUtf8(utf8);
+    ASSERT_EQ(sound.has_value(), !hasReplacement(expected)) << testing::PrintToString(utf8);
+    ASSERT_EQ(sound.value_or(expected), expected);
+  }
+}
+
+TEST(TextFromUtf8, replacesEveryMaximalPartOfABrokenSequence) {
+  EXPECT_EQ(textFromUtf8(bytesFromHex("41e28241")), u"A\uFFFDA");
+  EXPECT_EQ(textFromUtf8(bytesFromHex("eda080")), u"\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(textFromUtf8(bytesFromHex("f09f98")), u"\uFFFD");
+  EXPECT_EQ(textFromUtf8(bytesFromHex("c0af")), u"\uFFFD\uFFFD");
+  EXPECT_EQ(textFromUtf8(bytesFromHex("efbbbf41")), u"\uFEFFA");
+  EXPECT_EQ(textFromUtf8(std::string_view("a\0b", 3)), Text(u"a\0b", 3));
+}
+
+TEST(TextFromUtf8, agreesWithIcuOnAllShortSequences) {
+  const std::string alphabet = bytesFromHex("41808f909fa0bfc1c2dfe0e1edeff0f1f4f5");
+  forEachCombination(alphabet, 4, expectTheSameAsIcu);
+}
+
+TEST(TextFromUtf8, agreesWithIcuOnRandomMixturesOfAsciiAndTheRest) {
+  std::mt19937_64 random(testSeed());
+  const std::string pieces[] = {
+      std::string(1, 'a'), std::string(15, 'b'), std::string(16, 'c'), std::string(33, 'd'),
+      "\xC3\xA9",          "\xE2\x82\xAC",       "\xF0\x9F\x98\x80",   "\x80",
+      "\xF0\x9F",          "\xED\xA0\x80"};
+  for (int round = 0; round < 5000; ++round) {
+    std::string utf8;
+    for (std::size_t i = random() % 300; i > 0; --i) {
+      utf8 += pieces[random() % std::size(pieces)];
+    }
+    expectTheSameAsIcu(utf8);
+  }
+}
+
+TEST(Utf8FromText, agreesWithIcuAndReplacesLoneSurrogates) {
+  std::mt19937_64 random(testSeed());
+  const Text alphabet = Text(u"aaaaaaaaaaaaé€\uD7FF\uE000\uFFFD") + char16_t{0xD83D} +
+                        char16_t{0xDE00} + char16_t{0xDBFF} + char16_t{0xDFFF};
+  for (int round = 0; round < 5000; ++round) {
+    const Text text = Text(random() % 40, u'x') + randomString(alphabet, random() % 200, random);
+    ASSERT_EQ(utf8FromText(text), encodedByIcu(text));
+  }
+  EXPECT_EQ(utf8FromText(Text(1, char16_t{0xD800})), "\xEF\xBF\xBD");
+}
+
+TEST(AppendUtf8, appendsAcrossTheEndsOfItsBlocks) {
+  for (std::size_t length = 4070; length < 4110; ++length) {
+    const Text text = Text(length, u'a') + u"é€\U0001F600" + Text(length, u'b');
+    std::string utf8 = "before";
+    appendUtf8(utf8, text);
+    ASSERT_EQ(utf8, "before" + encodedByIcu(text));
+    ASSERT_EQ(textFromUtf8(encodedByIcu(text)), text);
+  }
+}
+
+/// What widenAscii does, without its blocks.
+std::size_t widenOneByOne(const std::string& bytes, char16_t* output) {
+  std::size_t done = 0;
+  while (done < bytes.size() && static_cast<unsigned char>(bytes[done]) < 0x80) {
+    output[done] = static_cast<unsigned char>(bytes[done]);
+    ++done;
+  }
+  return done;
+}
+
+TEST(AsciiLanes, giveTheSameAsOneUnitAtATime) {
+  std::mt19937_64 random(testSeed());
+  for (std::size_t length = 0; length < 70; ++length) {
+    for (std::size_t broken = 0; broken <= length; ++broken) {
+      std::string bytes;
+      for (std::size_t i = 0; i < length; ++i) {
+        bytes.push_back(static_cast<char>(random() % 0x80));
+      }
+      Text units(bytes.begin(), bytes.end());
+      if (broken < length) {
+        bytes[broken] = static_cast<char>(0x80 + random() % 0x80);
+        units[broken] = static_cast<char16_t>(0x80 + random() % 0xFF80);
+      }
+      Text widened(length, u'?');
+      Text expected(length, u'?');
+      const std::size_t count = widenAscii(bytes.data(), length, widened.data());
+      ASSERT_EQ(count, widenOneByOne(bytes, expected.data()));
+      ASSERT_EQ(widened.substr(0, count), expected.substr(0, count));
+
+      std::string narrowed(length, '?');
+      ASSERT_EQ(narrowAscii(units.data(), length, narrowed.data()), broken);
+      ASSERT_EQ(narrowed.substr(0, broken), bytes.substr(0, broken));
+    }
+  }
+}
+
+} // namespace
+} // namespace cardwright
