@@ -61,9 +61,10 @@ class [[gnu::visibility("default")]] VCardUtils {
   [[nodiscard]] static Text decodeParameterTextValue(TextView text);
   /// Writes line feeds, double quotes and carets as caret escapes.
   [[nodiscard]] static Text encodeParameterTextValue(TextView text);
-  /// Makes the line feeds of a decoded text CR LF where its source spelled them "=0D=0A".
+  /// Makes the line feeds of a decoded text CR LF where its source spelled them "=0D=0A". An absent
+  /// source spells nothing.
   [[nodiscard]] static std::optional<Text> normalizedDecodedString(std::optional<TextView> decoded,
-                                                                   TextView source);
+                                                                   std::optional<TextView> source);
 };
 
 } // namespace cardwright

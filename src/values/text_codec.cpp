@@ -92,12 +92,12 @@ std::optional<TextList> VCardUtils::decodeTextMultiValue(std::optional<TextView>
 }
 
 std::optional<Text> VCardUtils::normalizedDecodedString(std::optional<TextView> decoded,
-                                                        TextView source) {
+                                                        std::optional<TextView> source) {
   if (!decoded) {
     return std::nullopt;
   }
   if (decoded->find(u'\n') == TextView::npos || decoded->find(u"\r\n") != TextView::npos ||
-      !findIgnoringCase(source, u"=0d=0a")) {
+      !findIgnoringCase(source.value_or(TextView()), u"=0d=0a")) {
     return Text(*decoded);
   }
   Text normalized;
