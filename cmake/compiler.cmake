@@ -15,3 +15,12 @@ if(CARDWRIGHT_SANITIZE)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${CARDWRIGHT_SANITIZE})
 endif()
+
+# A fuzzer learns from the branches that its input takes, in the library too.
+if(CARDWRIGHT_BUILD_FUZZERS)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "CARDWRIGHT_BUILD_FUZZERS needs clang++")
+  endif()
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
