@@ -3,7 +3,7 @@
 
 include(CheckCXXSourceCompiles)
 
-if(DEFINED ENV{XDG_CACHE_HOME})
+if(NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
   set(CARDWRIGHT_CACHE $ENV{XDG_CACHE_HOME}/cardwright)
 else()
   set(CARDWRIGHT_CACHE $ENV{HOME}/.cache/cardwright)
