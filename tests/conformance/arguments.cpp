@@ -55,8 +55,7 @@ const Json& memberOf(const Json& object, const char* name) {
   if (!object.IsObject()) {
     failExpecting("object", object);
   }
-  const auto member = object.FindMember(name);
-  return member == object.MemberEnd() ? null : member->value;
+  return object.HasMember(name) ? object[name] : null;
 }
 
 const Json& checkedList(const Json& value) {

@@ -30,11 +30,10 @@ namespace {
 }
 
 [[nodiscard]] Json takeMember(Json& object, const char* name) {
-  const auto member = object.FindMember(name);
-  if (member == object.MemberEnd()) {
+  if (!object.HasMember(name)) {
     throw std::runtime_error(std::string("a case without \"") + name + '"');
   }
-  return std::move(member->value);
+  return std::move(object[name]);
 }
 
 [[nodiscard]] std::string takeString(Json& object, const char* name) {

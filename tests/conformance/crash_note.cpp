@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): sigaction is not in <csignal>
 #include <unistd.h>
 
 namespace cardwright::conformance {
@@ -18,17 +18,26 @@ void append(std::string_view part) {
   g_noteLength += length;
 }
 
+// What handled each signal before, such as the report of a sanitizer.
+std::array<struct sigaction, NSIG> g_previous{};
+
 void writeNote(int signal) {
   [[maybe_unused]] const auto written = write(STDERR_FILENO, g_note.data(), g_noteLength);
-  std::signal(signal, SIG_DFL); // NOLINT(cert-err33-c): nothing is left to be done about an error
-  std::raise(signal);           // NOLINT(cert-err33-c)
+  sigaction(signal, &g_previous[static_cast<std::size_t>(signal)], nullptr);
+  if (signal == SIGTERM) {
+    raise(signal);
+  }
+  // Any other signal comes again by itself, now to its previous handler.
 }
 
 } // namespace
 
 void installCrashNote() {
-  for (const int signal : {SIGABRT, SIGSEGV, SIGFPE, SIGILL, SIGBUS, SIGTERM, SIGALRM}) {
-    std::signal(signal, writeNote); // NOLINT(cert-err33-c)
+  for (const int signal : {SIGABRT, SIGFPE, SIGSEGV, SIGTERM}) {
+    struct sigaction action {};
+    action.sa_handler = writeNote;
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, &g_previous[static_cast<std::size_t>(signal)]);
   }
 }
 

@@ -17,8 +17,8 @@ namespace {
   Json valueDump = value != nullptr ? valueToJson(*value)
                                     : objectToJson("class", Json(), "type", Json(), "qp", false,
                                                    "charset", Json(), "value", Json());
-  for (auto& member : valueDump.GetObject()) {
-    dump.AddMember(member.name, member.value, jsonAllocator());
+  for (const char* name : {"class", "type", "qp", "charset", "value"}) {
+    addMembers(dump, name, std::move(valueDump[name]));
   }
   return dump;
 }
