@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +19,18 @@ using TextView = std::u16string_view;
 
 /// Texts in order, duplicates kept.
 using TextList = std::vector<Text>;
+
+/// A part of a text, in UTF-16 code units.
+struct TextRange {
+  /// The location that means "not found".
+  static constexpr std::size_t kNotFound =
+      static_cast<std::size_t>(std::numeric_limits<std::int64_t>::max());
+
+  std::size_t location = kNotFound;
+  std::size_t length = 0;
+
+  friend constexpr bool operator==(const TextRange&, const TextRange&) = default;
+};
 
 /// Which vCard version a text is read or written as: 0 not known, 2, 3 and 4 for "2.1", "3.0"
 /// and "4.0". Codes above 4 are treated like 4, 1 and negative codes like 0.

@@ -4,25 +4,12 @@
 #include "cardwright/time_zone.h"
 
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace cardwright {
-
-/// A part of a text, in UTF-16 code units.
-struct TextRange {
-  /// The location that means "not found".
-  static constexpr std::size_t kNotFound =
-      static_cast<std::size_t>(std::numeric_limits<std::int64_t>::max());
-
-  std::size_t location = kNotFound;
-  std::size_t length = 0;
-
-  friend constexpr bool operator==(const TextRange&, const TextRange&) = default;
-};
 
 /// A character set that bytes can be decoded from; 0 is none. Other values mean nothing outside.
 using TextEncoding = int;

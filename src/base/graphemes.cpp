@@ -4,6 +4,7 @@
 #include "base/fatal.h"
 
 #include <unicode/ubrk.h>
+#include <unicode/uchar.h>
 
 #include <algorithm>
 #include <memory>
@@ -18,17 +19,101 @@ bool neverJoins(char16_t unit) noexcept {
   return unit < 0x300 || (unit >= 0x370 && unit <= 0x482) || (unit >= 0x4E00 && unit <= 0x9FFF);
 }
 
-bool isCertainBoundary(char16_t before, char16_t after) noexcept {
-  return neverJoins(before) && neverJoins(after) && !(before == u'\r' && after == u'\n');
+/// What two neighbouring code points say about the place between them.
+enum class Link {
+  broken, ///< a boundary
+  joined, ///< one character
+  unclear ///< what stands further ahead decides
+};
+
+int clusterClass(char32_t codePoint) noexcept {
+  return u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_GRAPHEME_CLUSTER_BREAK);
+}
+
+bool isControl(int clusterClass) noexcept {
+  return clusterClass == U_GCB_CONTROL || clusterClass == U_GCB_CR || clusterClass == U_GCB_LF;
+}
+
+bool hangulJoins(int before, int after) noexcept {
+  switch (before) {
+  case U_GCB_L:
+    return after == U_GCB_L || after == U_GCB_V || after == U_GCB_LV || after == U_GCB_LVT;
+  case U_GCB_LV:
+  case U_GCB_V:
+    return after == U_GCB_V || after == U_GCB_T;
+  case U_GCB_LVT:
+  case U_GCB_T:
+    return after == U_GCB_T;
+  default:
+    return false;
+  }
+}
+
+Link linkBetween(char32_t left, char32_t right) noexcept {
+  const int before = clusterClass(left);
+  const int after = clusterClass(right);
+  if (isControl(before) || isControl(after)) {
+    return before == U_GCB_CR && after == U_GCB_LF ? Link::joined : Link::broken;
+  }
+  if (after == U_GCB_EXTEND || after == U_GCB_ZWJ || after == U_GCB_SPACING_MARK ||
+      before == U_GCB_PREPEND || hangulJoins(before, after)) {
+    return Link::joined;
+  }
+  // Flags come in pairs; pictures and the consonants of some Indic scripts join over what stands
+  // between them.
+  const auto rightPoint = static_cast<UChar32>(right);
+  const bool isUnclear =
+      before == U_GCB_REGIONAL_INDICATOR
+          ? after == U_GCB_REGIONAL_INDICATOR
+          : (before == U_GCB_ZWJ || before == U_GCB_EXTEND) &&
+                (u_hasBinaryProperty(rightPoint, UCHAR_EXTENDED_PICTOGRAPHIC) ||
+                 u_getIntPropertyValue(rightPoint, UCHAR_INDIC_SYLLABIC_CATEGORY) ==
+                     U_INSC_CONSONANT);
+  return isUnclear ? Link::unclear : Link::broken;
+}
+
+/// The link between the units before and at `position`, which is inside the text.
+Link linkAt(TextView text, std::size_t position) noexcept {
+  const char16_t before = text[position - 1];
+  const char16_t after = text[position];
+  if (neverJoins(before) && neverJoins(after)) {
+    return before == u'\r' && after == u'\n' ? Link::joined : Link::broken;
+  }
+  char32_t left = before;
+  if (isHighSurrogate(before) && isLowSurrogate(after)) {
+    return Link::joined;
+  }
+  if (isLowSurrogate(before) && position > 1 && isHighSurrogate(text[position - 2])) {
+    left = codePointAt(text, position - 2);
+  }
+  return linkBetween(left, codePointAt(text, position));
+}
+
+/// Where the joined units that begin at `position` end, or seem to.
+std::size_t endOfJoined(TextView text, std::size_t position, Link& link) noexcept {
+  link = Link::broken;
+  std::size_t end = position + 1;
+  while (end < text.size() && (link = linkAt(text, end)) == Link::joined) {
+    ++end;
+  }
+  return end;
 }
 
 /// End of the run of units that begins at `position` and ends before the first certain boundary.
 std::size_t endOfUncertainRun(TextView text, std::size_t position) noexcept {
   std::size_t end = position + 1;
-  while (end < text.size() && !isCertainBoundary(text[end - 1], text[end])) {
+  while (end < text.size() && linkAt(text, end) != Link::broken) {
     ++end;
   }
   return end;
+}
+
+/// Start of the run of units that holds `position` and begins at a certain boundary.
+std::size_t startOfUncertainRun(TextView text, std::size_t position) noexcept {
+  while (position > 0 && linkAt(text, position) != Link::broken) {
+    --position;
+  }
+  return position;
 }
 
 /// One break iterator for each thread: they are expensive to make.
@@ -64,12 +149,9 @@ SharedIterator& sharedIterator() {
 } // namespace
 
 std::size_t GraphemeWalker::next() {
-  const std::size_t behind = m_position + 1;
-  if (behind >= m_text.size() || isCertainBoundary(m_text[m_position], m_text[behind])) {
-    m_position = behind;
-  } else {
-    m_position = nextInRun();
-  }
+  Link link = Link::broken;
+  const std::size_t end = endOfJoined(m_text, m_position, link);
+  m_position = end < m_text.size() && link == Link::unclear ? nextInRun() : end;
   return m_position;
 }
 
@@ -95,17 +177,11 @@ std::size_t GraphemeWalker::nextInRun() {
 }
 
 std::size_t endOfCharacter(TextView text, std::size_t position) {
-  if (position + 1 >= text.size() || isCertainBoundary(text[position], text[position + 1])) {
-    return position + 1;
-  }
   return position + GraphemeWalker(text.substr(position)).next();
 }
 
 std::size_t startOfLastCharacter(TextView text) {
-  std::size_t start = text.size() - 1;
-  while (start > 0 && !isCertainBoundary(text[start - 1], text[start])) {
-    --start;
-  }
+  const std::size_t start = startOfUncertainRun(text, text.size() - 1);
   GraphemeWalker walker(text.substr(start));
   std::size_t last = start;
   while (!walker.atEnd()) {
@@ -116,16 +192,15 @@ std::size_t startOfLastCharacter(TextView text) {
 }
 
 bool isCharacterByItself(TextView text, std::size_t position) {
-  const bool beginsHere = position == 0 || isCertainBoundary(text[position - 1], text[position]);
-  const bool endsHere =
-      position + 1 >= text.size() || isCertainBoundary(text[position], text[position + 1]);
-  if (beginsHere && endsHere) {
+  const Link before = position == 0 ? Link::broken : linkAt(text, position);
+  const Link after = position + 1 >= text.size() ? Link::broken : linkAt(text, position + 1);
+  if (before == Link::joined || after == Link::joined) {
+    return false;
+  }
+  if (before == Link::broken && after == Link::broken) {
     return true;
   }
-  std::size_t start = position;
-  while (start > 0 && !isCertainBoundary(text[start - 1], text[start])) {
-    --start;
-  }
+  const std::size_t start = startOfUncertainRun(text, position);
   GraphemeWalker walker(text.substr(start, endOfUncertainRun(text, position) - start));
   std::size_t begin = start;
   while (begin < position) {

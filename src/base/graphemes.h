@@ -10,8 +10,8 @@ namespace cardwright {
 /// Walks a text character by character: what a reader sees as one, an extended grapheme cluster
 /// (Unicode Standard Annex 29). CR LF is one character.
 ///
-/// Neighbours that cannot join are told by a look at the two; ICU is asked for the rest, a run at
-/// a time, so that a walk over the whole text is linear.
+/// Most neighbours tell by themselves whether they join; ICU's iterator is asked for the rest, such
+/// as flags, a run at a time, so that a walk over the whole text is linear.
 class GraphemeWalker {
  public:
   explicit GraphemeWalker(TextView text) noexcept : m_text(text) {}
@@ -38,7 +38,7 @@ class GraphemeWalker {
 [[nodiscard]] std::size_t startOfLastCharacter(TextView text);
 
 /// Whether exactly the unit at `position` is a character of its own. What joins it from either
-/// side, such as a combining mark, makes it another character.
+/// side, such as a combining mark, makes it another character. Constant time for ASCII units.
 [[nodiscard]] bool isCharacterByItself(TextView text, std::size_t position);
 
 } // namespace cardwright
