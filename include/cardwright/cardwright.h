@@ -3,6 +3,7 @@
 /// All of Cardwright: include this one, or the headers of what you use.
 
 #include "cardwright/character_set.h"
+#include "cardwright/cleaner_pattern.h"
 #include "cardwright/contacts_parser.h"
 #include "cardwright/date_components.h"
 #include "cardwright/date_formatter.h"
@@ -15,6 +16,7 @@
 #include "cardwright/utf8.h"
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_address_value.h"
+#include "cardwright/vcard_cleaner.h"
 #include "cardwright/vcard_custom_value.h"
 #include "cardwright/vcard_date_time_value.h"
 #include "cardwright/vcard_gender_value.h"

@@ -4,7 +4,7 @@
 #include <unicode/ustring.h>
 
 #include <algorithm>
-#include <limits>
+#include <vector>
 
 namespace cardwright {
 
@@ -96,6 +96,9 @@ class FoldingReader {
   [[nodiscard]] bool atEnd() const noexcept {
     return m_at == m_text.size() && m_used == m_folded.size();
   }
+
+  /// Whether the next unit begins a character.
+  [[nodiscard]] bool isBetweenCharacters() const noexcept { return m_used == m_folded.size(); }
 
   char16_t next() {
     if (m_used == m_folded.size()) {
@@ -215,6 +218,40 @@ std::optional<FoldedMatch> findIgnoringCase(TextView text, TextView lowerAscii, 
     }
   }
   return std::nullopt;
+}
+
+bool containsIgnoringCase(TextView text, TextView part) {
+  Text wanted;
+  for (FoldingReader reader(part); !reader.atEnd();) {
+    wanted += reader.next();
+  }
+  if (wanted.empty()) {
+    return true;
+  }
+  // borders[i]: length of the longest proper prefix of the first i + 1 units that also ends them.
+  std::vector<std::size_t> borders(wanted.size());
+  const auto advance = [&](std::size_t matched, char16_t unit) {
+    while (matched > 0 && wanted[matched] != unit) {
+      matched = borders[matched - 1];
+    }
+    return wanted[matched] == unit ? matched + 1 : 0;
+  };
+  for (std::size_t i = 1; i < wanted.size(); ++i) {
+    borders[i] = advance(borders[i - 1], wanted[i]);
+  }
+  std::size_t matched = 0;
+  std::vector<bool> beginsCharacter; // for each folded unit so far
+  for (FoldingReader reader(text); !reader.atEnd();) {
+    beginsCharacter.push_back(reader.isBetweenCharacters());
+    matched = advance(matched, reader.next());
+    if (matched == wanted.size()) {
+      if (reader.isBetweenCharacters() && beginsCharacter[beginsCharacter.size() - matched]) {
+        return true;
+      }
+      matched = borders[matched - 1];
+    }
+  }
+  return false;
 }
 
 } // namespace cardwright

@@ -56,4 +56,8 @@ prefixLengthIgnoringCase(TextView text, std::size_t position, TextView lowerAsci
 [[nodiscard]] std::optional<FoldedMatch> findIgnoringCase(TextView text, TextView lowerAscii,
                                                           std::size_t from = 0);
 
+/// Whether the text holds `part`, both folded. A character is matched whole or not at all; an empty
+/// part is in every text. Linear in both.
+[[nodiscard]] bool containsIgnoringCase(TextView text, TextView part);
+
 } // namespace cardwright
