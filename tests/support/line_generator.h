@@ -18,7 +18,10 @@ class LineGenerator {
 
   Text line() {
     Text result;
-    for (std::size_t pieces = 1 + m_random.below(9); pieces > 0; --pieces) {
+    if (m_random.oneIn(25)) {
+      appendNumberedName(result);
+    }
+    for (std::size_t pieces = m_random.below(12); pieces > 0; --pieces) {
       appendPiece(result);
     }
     return result;
@@ -26,9 +29,13 @@ class LineGenerator {
 
  private:
   void appendPiece(Text& line) {
-    switch (m_random.below(20)) {
+    switch (m_random.below(24)) {
     case 0:
     case 1:
+    case 20:
+    case 21:
+    case 22:
+    case 23:
       appendHeader(line);
       line += u':';
       break;
@@ -107,12 +114,9 @@ class LineGenerator {
     case 0:
       line += m_random.oneIn(2) ? u'N' : u'n';
       break;
-    case 1: {
-      Text name = u"VND-";
-      appendDigits(name, m_random.below(4));
-      appendInSomeCase(line, name + u"-SENSITIVE-CONTENT-CONFIG");
+    case 1:
+      appendNumberedName(line);
       break;
-    }
     case 2: {
       Text name = m_random.oneIn(3) ? u"VND-" : u"X-";
       for (std::size_t length = m_random.below(9); length > 0; --length) {
@@ -131,6 +135,12 @@ class LineGenerator {
     default:
       appendInSomeCase(line, m_random.oneOf(kAllowlistedNames.names()));
     }
+  }
+
+  void appendNumberedName(Text& line) {
+    Text name = u"VND-";
+    appendDigits(name, m_random.below(4));
+    appendInSomeCase(line, name + u"-SENSITIVE-CONTENT-CONFIG");
   }
 
   /// Upper, lower or mixed case, now and then with other letters that fold to the same.
