@@ -170,7 +170,8 @@ class Reference {
 
 /// Calls `visit` for every text of up to `longest` of the tokens and returns how many there are.
 template <std::size_t Count, typename Visit>
-std::size_t forEachText(const std::array<TextView, Count>& tokens, std::size_t longest, Visit visit) {
+std::size_t forEachText(const std::array<TextView, Count>& tokens, std::size_t longest,
+                        Visit visit) {
   std::size_t visited = 0;
   std::vector<std::size_t> digits;
   for (std::size_t length = 0; length <= longest; ++length) {

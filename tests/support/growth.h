@@ -1,9 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <ctime>
-#include <limits>
 
 namespace cardwright {
 
@@ -19,16 +17,29 @@ inline constexpr bool kTimesMeanNothing = false;
 inline constexpr bool kTimesMeanNothing = false;
 #endif
 
-/// Processor time of the best of five runs, in seconds.
+/// Processor time of one call, in seconds.
 template <typename Operation>
-double bestTime(Operation operation) {
-  double best = std::numeric_limits<double>::infinity();
-  for (int run = 0; run < 5; ++run) {
-    const std::clock_t begin = std::clock();
-    operation();
-    best = std::min(best, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
+double timeOf(Operation operation) {
+  const std::clock_t begin = std::clock();
+  operation();
+  return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+}
+
+/// How many times as long the second operation takes as the first, each at its best. The machine
+/// may be busy with something else: up to ten further rounds are run while the ratio is `limit` or
+/// more.
+template <typename Small, typename Large>
+double growth(Small small, Large large, double limit) {
+  double bestSmall = timeOf(small);
+  double bestLarge = timeOf(large);
+  for (int round = 0; round < 10; ++round) {
+    bestSmall = std::min(bestSmall, timeOf(small));
+    bestLarge = std::min(bestLarge, timeOf(large));
+    if (bestLarge < bestSmall * limit) {
+      break;
+    }
   }
-  return best;
+  return bestLarge / bestSmall;
 }
 
 } // namespace cardwright
