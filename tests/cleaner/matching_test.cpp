@@ -4,7 +4,9 @@
 #include "cleaner/matching/letters.h"
 #include "support/icu_pattern.h"
 #include "support/line_generator.h"
+#include "support/seed.h"
 #include "support/text_printer.h"
+#include "support/token_texts.h"
 
 #include <gtest/gtest.h>
 #include <unicode/uchar.h>
@@ -12,6 +14,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <utility>
@@ -43,6 +46,12 @@ std::string printed(TextView text) {
     }
   }
   return result;
+}
+
+/// How many lines are generated: CARDWRIGHT_LINES of the environment, else enough for every day.
+std::uint64_t numberOfLines() {
+  const char* wanted = std::getenv("CARDWRIGHT_LINES");
+  return wanted != nullptr ? std::stoull(wanted) : 200000;
 }
 
 /// Our scanners beside ICU's engine for the same texts of patterns.
@@ -90,8 +99,8 @@ class Engines {
 };
 
 TEST(Matching, agreesWithIcuOnGeneratedLines) {
-  const std::uint64_t seed = environmentNumber("CARDWRIGHT_SEED", 20261121);
-  const std::uint64_t lines = environmentNumber("CARDWRIGHT_LINES", 200000);
+  const std::uint64_t seed = testSeed();
+  const std::uint64_t lines = numberOfLines();
   std::cout << "seed " << seed << ", " << lines << " lines\n";
   Engines engines;
   LineGenerator generator(seed);
@@ -106,28 +115,10 @@ TEST(Matching, agreesWithIcuOnGeneratedLines) {
 }
 
 TEST(Matching, agreesWithIcuOnAllShortSequencesOfTokens) {
-  constexpr std::array<TextView, 13> kTokens{u"X-", u"VND-", u"N", u"TEL", u";",  u"\\;", u"A=",
-                                             u"\"", u":",    u".", u"a",   u"\r", u"ß"};
-  constexpr std::size_t kLongest = 5;
+  const std::vector<TextView> tokens{u"X-", u"VND-", u"N", u"TEL", u";",  u"\\;", u"A=",
+                                     u"\"", u":",    u".", u"a",   u"\r", u"ß"};
   Engines engines;
-  std::array<std::size_t, kLongest> digits{};
-  for (std::size_t length = 0; length <= kLongest; ++length) {
-    digits.fill(0);
-    for (;;) {
-      Text line;
-      for (std::size_t i = 0; i < length; ++i) {
-        line += kTokens[digits[i]];
-      }
-      ASSERT_EQ(engines.difference(line), "");
-      std::size_t carry = 0;
-      while (carry < length && ++digits[carry] == kTokens.size()) {
-        digits[carry++] = 0;
-      }
-      if (carry == length) {
-        break;
-      }
-    }
-  }
+  forEachTextOf(tokens, 5, [&](const Text& line) { ASSERT_EQ(engines.difference(line), ""); });
 }
 
 TEST(Matching, agreesWithIcuOnEveryCharacterInEveryPlace) {

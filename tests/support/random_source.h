@@ -1,10 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <iterator>
 #include <random>
-#include <string>
 
 namespace cardwright {
 
@@ -26,11 +25,5 @@ class RandomSource {
  private:
   std::mt19937_64 m_engine;
 };
-
-/// A number from the environment, such as CARDWRIGHT_SEED.
-inline std::uint64_t environmentNumber(const char* name, std::uint64_t otherwise) {
-  const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): tests set nothing
-  return value == nullptr ? otherwise : std::strtoull(value, nullptr, 10);
-}
 
 } // namespace cardwright
