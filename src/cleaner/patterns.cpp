@@ -63,6 +63,7 @@ CleanerPattern makeAnyUpperHeader() {
 std::span<const CleanerPattern> VCardCleaner::allowlistPatternRegexes() {
   static const std::vector<CleanerPattern> patterns = [] {
     std::vector<CleanerPattern> made;
+    made.reserve(kNumberedNameAlternations.size());
     for (const TextView alternation : kNumberedNameAlternations) {
       made.emplace_back(Kind::numberedConfigName, concatenated({u"^", alternation, u"$"}), true);
     }

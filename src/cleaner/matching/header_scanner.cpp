@@ -40,7 +40,7 @@ class NamesByLastLetter {
   /// Start of the longest name that ends at `end`, or none.
   [[nodiscard]] std::size_t startBefore(TextView text, std::size_t end,
                                         char16_t lastLetter) const noexcept {
-    const std::size_t letter = static_cast<std::size_t>(lastLetter - u'A');
+    const auto letter = static_cast<std::size_t>(lastLetter - u'A');
     for (std::size_t i = m_ends[letter]; i < m_ends[letter + 1]; ++i) {
       const std::size_t start = startOfNameEndingAt(text, end, m_names[i]);
       if (start != kNone) {
