@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 
 namespace cardwright {
@@ -19,6 +20,7 @@ constexpr std::size_t kHeadBytes = 16;
 // nearly all of the western text as it is and lose little of the rest.
 constexpr int32_t kLeastConfidence = 11;
 constexpr int32_t kLeastLead = 10;
+constexpr int32_t kLeastLeadOfLatin = 15;
 constexpr std::ptrdiff_t kLeastBytes = 6;
 /// More of a file tells no more.
 constexpr std::size_t kEnoughBytes = std::size_t{64} * 1024;
@@ -61,6 +63,13 @@ const char* usableName(const UCharsetMatch* match) {
   }
   // The detector tells the two apart by the bytes 80 to 9F, which nobody means as controls.
   return view == "ISO-8859-1" ? kWestern : name;
+}
+
+/// Whether an encoding shares most of its letters with the western one.
+bool isOtherLatin(std::string_view name) noexcept {
+  constexpr std::string_view kLatin[] = {"ISO-8859-2", "ISO-8859-9", "windows-1250",
+                                         "windows-1254"};
+  return std::find(std::begin(kLatin), std::end(kLatin), name) != std::end(kLatin);
 }
 
 struct Candidate {
@@ -146,9 +155,11 @@ std::string guessedLegacyEncoding(std::string_view bytes) {
     return kWestern;
   }
   const Candidates candidates = detected(lines);
-  const bool isSure = candidates.best.confidence >= kLeastConfidence &&
-                      candidates.best.confidence - candidates.westernConfidence >= kLeastLead;
-  return isSure ? candidates.best.name : kWestern;
+  const auto& [best, westernConfidence] = candidates;
+  const int32_t leastLead = isOtherLatin(best.name) ? kLeastLeadOfLatin : kLeastLead;
+  const bool isSure =
+      best.confidence >= kLeastConfidence && best.confidence - westernConfidence >= leastLead;
+  return isSure ? best.name : kWestern;
 }
 
 } // namespace cardwright
