@@ -45,7 +45,11 @@ CharacterSet CharacterSet::inverted() const {
 void CharacterSet::add(std::vector<Range> ranges) {
   std::sort(ranges.begin(), ranges.end(),
             [](const Range& a, const Range& b) { return a.first < b.first; });
-  for (const Range& range : ranges) {
+  for (Range range : ranges) {
+    range.last = std::min(range.last, kLastCodePoint);
+    if (range.first > range.last) {
+      continue;
+    }
     if (!m_ranges.empty() && range.first <= m_ranges.back().last + 1) {
       m_ranges.back().last = std::max(m_ranges.back().last, range.last);
     } else {
