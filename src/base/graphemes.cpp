@@ -116,6 +116,9 @@ std::size_t startOfUncertainRun(TextView text, std::size_t position) noexcept {
   return position;
 }
 
+/// ICU counts in 32 bits: longer runs are walked piece by piece.
+constexpr std::size_t kLongestPiece = std::size_t{1} << 30U;
+
 /// One break iterator for each thread: they are expensive to make.
 struct SharedIterator {
   std::unique_ptr<UBreakIterator, void (*)(UBreakIterator*)> iterator{nullptr, ubrk_close};
@@ -130,12 +133,11 @@ struct SharedIterator {
     }
   }
 
+  /// Costs the same for a run of any length.
   void start(TextView text, std::size_t begin, std::size_t end) {
-    // ICU counts in 32 bits: longer runs are walked piece by piece.
-    constexpr std::size_t kLongest = std::size_t{1} << 30U;
     UErrorCode status = U_ZERO_ERROR;
     ubrk_setText(iterator.get(), reinterpret_cast<const UChar*>(text.data() + begin),
-                 static_cast<int32_t>(std::min(end - begin, kLongest)), &status);
+                 static_cast<int32_t>(std::min(end - begin, kLongestPiece)), &status);
     runBegin = begin;
     ++ticket;
   }
@@ -177,18 +179,29 @@ std::size_t GraphemeWalker::nextInRun() {
 }
 
 std::size_t endOfCharacter(TextView text, std::size_t position) {
-  return position + GraphemeWalker(text.substr(position)).next();
+  Link link = Link::broken;
+  const std::size_t end = endOfJoined(text, position, link);
+  if (end == text.size() || link == Link::broken) {
+    return end;
+  }
+  SharedIterator& shared = sharedIterator();
+  shared.start(text, position, text.size());
+  return position + static_cast<std::size_t>(ubrk_next(shared.iterator.get()));
 }
 
 std::size_t startOfLastCharacter(TextView text) {
-  const std::size_t start = startOfUncertainRun(text, text.size() - 1);
-  GraphemeWalker walker(text.substr(start));
-  std::size_t last = start;
-  while (!walker.atEnd()) {
-    last = start + walker.position();
-    walker.next();
+  Link link = Link::broken;
+  std::size_t start = text.size() - 1;
+  while (start > 0 && (link = linkAt(text, start)) == Link::joined) {
+    --start;
   }
-  return last;
+  if (start == 0 || link == Link::broken) {
+    return start;
+  }
+  SharedIterator& shared = sharedIterator();
+  shared.start(text, text.size() - std::min(text.size(), kLongestPiece), text.size());
+  ubrk_last(shared.iterator.get());
+  return shared.runBegin + static_cast<std::size_t>(ubrk_previous(shared.iterator.get()));
 }
 
 bool isCharacterByItself(TextView text, std::size_t position) {

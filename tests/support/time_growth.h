@@ -1,0 +1,61 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <ctime>
+#include <limits>
+
+namespace cardwright {
+
+/// Sanitizers slow some operations down more than others: no times are compared under them.
+constexpr bool kTimesAreMeaningful =
+#if defined(__SANITIZE_ADDRESS__)
+    false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(undefined_behavior_sanitizer) ||             \
+    __has_feature(thread_sanitizer) || __has_feature(memory_sanitizer)
+    false;
+#else
+    true;
+#endif
+#else
+    true;
+#endif
+
+/// Seconds of this thread's processor time: what else runs on the machine counts for little.
+inline double threadSeconds() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+/// The shortest of three runs.
+template <typename Run>
+double secondsOf(Run run) {
+  double best = std::numeric_limits<double>::infinity();
+  for (int i = 0; i < 3; ++i) {
+    const double begin = threadSeconds();
+    run();
+    best = std::min(best, threadSeconds() - begin);
+  }
+  return best;
+}
+
+/// Expects that `run(size)` takes about four times as long for four times the size: quadratic
+/// work takes sixteen times as long. Under sanitizers it only runs, for the smallest size.
+template <typename Run>
+void expectLinear(std::size_t size, Run run) {
+  if (!kTimesAreMeaningful) {
+    run(size);
+    return;
+  }
+  const double once = secondsOf([&] { run(size); });
+  const double fourTimes = secondsOf([&] { run(size * 4); });
+  constexpr double kNoise = 0.02;
+  EXPECT_LT(fourTimes, once * 9 + kNoise)
+      << "size " << size << ": " << once << " s, four times: " << fourTimes << " s";
+}
+
+} // namespace cardwright
