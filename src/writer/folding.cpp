@@ -28,40 +28,77 @@ std::size_t utf8Length(TextView text) noexcept {
   return bytes;
 }
 
-/// How many units of the text, which is not empty, make up the next physical line.
-std::size_t lengthOfLine(TextView text, std::size_t limit) {
-  if (areSingleByteCharacters(text, limit)) {
-    return limit;
-  }
-  GraphemeWalker walker(text);
-  std::size_t end = walker.next();
-  std::size_t bytes = utf8Length(text.substr(0, end));
-  while (!walker.atEnd()) {
-    const std::size_t next = walker.next();
-    bytes += utf8Length(text.substr(end, next - end));
-    if (bytes > limit) {
-      break;
+/// Cuts a line into pieces of whole characters. Each unit is looked at once, however long the runs
+/// are in which only ICU can tell the characters apart.
+class LineCutter {
+ public:
+  explicit LineCutter(TextView line) noexcept : m_line(line), m_walker(line) {}
+
+  [[nodiscard]] bool atEnd() const noexcept { return m_begin >= m_line.size(); }
+
+  /// The next piece: the characters that fit into so many bytes, but at least one.
+  TextView next(std::size_t limit) {
+    const TextView rest = m_line.substr(m_begin);
+    std::size_t length = limit;
+    // No unit takes more than three bytes.
+    if (rest.size() <= limit / 3) {
+      length = rest.size();
+    } else if (!areSingleByteCharacters(rest, limit)) {
+      length = walk(limit) - m_begin;
     }
-    end = next;
+    m_begin += length;
+    return rest.substr(0, length);
   }
-  return end;
-}
+
+ private:
+  /// Where the characters from m_begin on end that fit.
+  std::size_t walk(std::size_t limit) {
+    if (m_walked < m_begin) {
+      m_walker = GraphemeWalker(m_line.substr(m_begin));
+      m_walkerBegin = m_begin;
+      m_walked = m_begin;
+    }
+    if (m_walked == m_begin) {
+      step();
+    }
+    std::size_t end = m_walked;
+    std::size_t bytes = m_bytes;
+    while (m_walked < m_line.size()) {
+      step();
+      bytes += m_bytes;
+      if (bytes > limit) {
+        break;
+      }
+      end = m_walked;
+    }
+    return end;
+  }
+
+  void step() {
+    const std::size_t begin = m_walked;
+    m_walked = m_walkerBegin + m_walker.next();
+    m_bytes = utf8Length(m_line.substr(begin, m_walked - begin));
+  }
+
+  TextView m_line;
+  GraphemeWalker m_walker;
+  std::size_t m_walkerBegin = 0;
+  std::size_t m_begin = 0;  ///< of the next piece
+  std::size_t m_walked = 0; ///< end of the last character that was walked
+  std::size_t m_bytes = 0;  ///< length of that character
+};
 
 } // namespace
 
 void appendFolded(Text& output, TextView line) {
-  std::size_t limit = kLineBytes;
-  do {
-    // No unit takes more than three bytes.
-    const std::size_t length = line.size() <= limit / 3 ? line.size() : lengthOfLine(line, limit);
-    if (limit != kLineBytes) {
-      output.push_back(u' ');
-    }
-    output.append(line.substr(0, length));
+  LineCutter cutter(line);
+  output.append(cutter.next(kLineBytes));
+  output.append(kCrLf);
+  while (!cutter.atEnd()) {
+    output.push_back(u' ');
+    output.append(cutter.next(kLineBytes - 1));
     output.append(kCrLf);
-    line.remove_prefix(length);
-    limit = kLineBytes - 1;
-  } while (!line.empty());
+  }
 }
 
 void foldTail(Text& text, std::size_t begin) {
