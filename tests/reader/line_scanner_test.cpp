@@ -286,7 +286,7 @@ TEST(LineScanner, agreesWithTheSlowRulesOnRandomTexts) {
   for (int round = 0; round < 100'000; ++round) {
     Text text;
     for (std::size_t pieces = 1 + random.below(12); pieces > 0; --pieces) {
-      text += random.pick(kPieces);
+      text += random.oneOf(kPieces);
     }
     TextScanner scanner{TextView(text)};
     TextScanner slow{TextView(text)};

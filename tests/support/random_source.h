@@ -1,18 +1,21 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <iterator>
 #include <random>
 namespace cardwright {
+#include <string>
 /// Random choices that are the same everywhere for one seed.
 class RandomSource {
  public:
   explicit RandomSource(std::uint64_t seed) : m_engine(seed) {}
+
   /// A number below `bound`.
   std::size_t below(std::size_t bound) { return static_cast<std::size_t>(m_engine() % bound); }
   /// True once in `n`.
   bool oneIn(std::size_t n) { return below(n) == 0; }
+
   template <typename Items>
   const auto& oneOf(const Items& items) {
     return std::data(items)[below(std::size(items))];
@@ -37,5 +40,11 @@ class RandomSource {
     return *(std::begin(sequence) + static_cast<std::ptrdiff_t>(below(std::size(sequence))));
   std::uint64_t m_state;
 };
+
+/// A number from the environment, such as CARDWRIGHT_SEED.
+inline std::uint64_t environmentNumber(const char* name, std::uint64_t otherwise) {
+  const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): tests set nothing
+  return value == nullptr ? otherwise : std::strtoull(value, nullptr, 10);
+}
 
 } // namespace cardwright
