@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cardwright/text.h"
+
+namespace cardwright {
+
+/// Whether a line begins with BEGIN:VCARD, or END:VCARD, in any case.
+[[nodiscard]] bool isCardBegin(TextView line);
+[[nodiscard]] bool isCardEnd(TextView line);
+
+/// Whether a text is nothing but cards: from BEGIN:VCARD to END:VCARD, with only white space and
+/// invisible marks around them.
+[[nodiscard]] bool isEnvelopeOfCards(TextView text);
+
+} // namespace cardwright
