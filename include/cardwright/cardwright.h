@@ -4,6 +4,7 @@
 
 #include "cardwright/character_set.h"
 #include "cardwright/cleaner_pattern.h"
+#include "cardwright/cleaning_repair.h"
 #include "cardwright/contacts_parser.h"
 #include "cardwright/date_components.h"
 #include "cardwright/date_formatter.h"

@@ -2,6 +2,7 @@
 
 #include "cardwright/character_set.h"
 #include "cardwright/cleaner_pattern.h"
+#include "cardwright/cleaning_repair.h"
 #include "cardwright/text.h"
 
 #include <cstddef>
@@ -11,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace cardwright {
 
@@ -51,6 +53,12 @@ class [[gnu::visibility("default")]] VCardCleaner {
   }
   void setLastCleaningSummaries(TextList summaries) {
     m_lastCleaningSummaries = std::move(summaries);
+  }
+
+  /// The same repairs with the lines they changed, in text order: a summary may stand for several,
+  /// and the join of a soft break has none of its own.
+  [[nodiscard]] const std::vector<CleaningRepair>& lastRepairs() const noexcept {
+    return m_lastRepairs;
   }
 
   /// Whether each run counts its lines from zero. Nothing is logged either way.
@@ -184,6 +192,7 @@ class [[gnu::visibility("default")]] VCardCleaner {
   std::int64_t m_debugSanitizedLines = 0; ///< of these, lines that were repaired
   bool m_lastDidClean = false;
   TextList m_lastCleaningSummaries;
+  std::vector<CleaningRepair> m_lastRepairs;
 };
 
 } // namespace cardwright

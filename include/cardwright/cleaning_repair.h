@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cardwright/read_report.h"
+#include "cardwright/text.h"
+
+#include <vector>
+
+namespace cardwright {
+
+/// What kind of damage a repair mended. The numbers are stable.
+enum class CleaningRepairKind {
+  separators = 1,       ///< line ends written as CR CR or CR CR LF
+  softBreak = 2,        ///< a quoted-printable value cut at a soft break without indentation
+  memberEntities = 3,   ///< group members glued together by "&#13;&#10;"
+  noteExtraction = 4,   ///< a property glued to the end of a note
+  noteEntities = 5,     ///< "&#13;&#10;" in a note
+  mergedProperties = 6, ///< several properties on one line
+  danglingFragment = 7, ///< a torn-off header at the end of a value
+  duplicate = 8,        ///< a bookkeeping property or member that the card has again
+};
+
+/// One repair: what a line was, where it stood and what became of it.
+struct CleaningRepair {
+  CleaningRepairKind kind{};
+  /// Place in the text as it was before any repair. The line is counted by who shows the place.
+  TextPlace place;
+  Text originalLine;    ///< the logical line; for a soft break, the physical lines as they were
+  TextList replacement; ///< the logical lines that took its place; none when it was removed
+
+  friend bool operator==(const CleaningRepair&, const CleaningRepair&) = default;
+};
+
+} // namespace cardwright

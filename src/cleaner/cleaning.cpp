@@ -1,0 +1,277 @@
+#include "cleaner/cleaning.h"
+
+#include "cardwright/utf8.h"
+#include "cardwright/vcard_cleaner.h"
+#include "cleaner/duplicates.h"
+#include "cleaner/envelope.h"
+#include "cleaner/folding.h"
+#include "cleaner/line_name.h"
+#include "cleaner/line_repair.h"
+#include "cleaner/separators.h"
+#include "cleaner/soft_breaks.h"
+#include "cleaner/vocabulary.h"
+
+#include <algorithm>
+#include <deque>
+
+namespace cardwright {
+
+namespace {
+
+constexpr TextView kSeparatorsSummary = u"Normalized malformed CRCRLF separators";
+constexpr TextView kDuplicatesSummary = u"Removed duplicate metadata properties";
+constexpr TextView kGeneralSummary = u"Performed vCard normalization";
+
+/// What is to be changed in the logical lines of a text.
+struct Edits {
+  struct Replacement {
+    std::size_t line; ///< number of the logical line
+    TextList lines;
+  };
+
+  std::vector<Replacement> replacements;
+  std::vector<std::size_t> repeats; ///< numbers of the lines left out, after replacing
+  bool hasMerged = false;
+
+  [[nodiscard]] bool areEmpty() const noexcept {
+    return replacements.empty() && repeats.empty() && !hasMerged;
+  }
+};
+
+/// Looks for what has to be repaired.
+class Inspection {
+ public:
+  Inspection(TextView text, Cleaning& cleaning)
+      : m_text(text), m_cleaning(cleaning), m_duplicates(m_edits.repeats) {}
+
+  Edits run() {
+    LogicalLines lines(m_text);
+    UnfoldedLine line;
+    for (std::size_t number = 0; lines.next(line); ++number) {
+      ++m_cleaning.totalLines;
+      if (lines.wasMerged()) {
+        m_edits.hasMerged = true;
+        m_cleaning.repairs.push_back({CleaningRepairKind::softBreak,
+                                      {line.begin, 0},
+                                      Text(m_text.substr(line.begin, line.end - line.begin)),
+                                      {Text(line.text)}});
+      }
+      if (std::optional<LineRepair> repair = repairLine(line.text)) {
+        ++m_cleaning.repairedLines;
+        m_cleaning.summaries.push_back(std::move(repair->summary));
+        m_cleaning.repairs.push_back(
+            {repair->kind, {line.begin, 0}, Text(line.text), repair->lines});
+        m_edits.replacements.push_back({number, std::move(repair->lines)});
+        for (const Text& replacement : m_edits.replacements.back().lines) {
+          lookForRepeat(replacement);
+        }
+      } else {
+        lookForRepeat(line.isJoined && DuplicateFinder::isRemembered(line.text)
+                          ? TextView(m_kept.emplace_back(line.text))
+                          : line.text);
+      }
+    }
+    m_duplicates.finishCard();
+    if (!m_edits.repeats.empty()) {
+      m_cleaning.summaries.emplace_back(kDuplicatesSummary);
+    }
+    return std::move(m_edits);
+  }
+
+ private:
+  void lookForRepeat(TextView line) { m_duplicates.take(line, m_outputLines++); }
+
+  TextView m_text;
+  Cleaning& m_cleaning;
+  Edits m_edits;
+  DuplicateFinder m_duplicates;
+  std::deque<Text> m_kept; ///< joined lines that may be asked for again
+  std::size_t m_outputLines = 0;
+};
+
+/// Gives the lines of the cleaned text: those of the text with the edits made.
+class EditedLines {
+ public:
+  EditedLines(TextView text, const Edits& edits) : m_edits(edits), m_lines(text) {}
+
+  /// @param repeats receives the lines that are left out on the way, when somebody wants them
+  bool next(TextView& line, std::size_t& begin, std::vector<CleaningRepair>* repeats = nullptr) {
+    while (nextBeforeRemoval(line)) {
+      begin = m_line.begin;
+      const bool isRepeat =
+          m_repeat < m_edits.repeats.size() && m_edits.repeats[m_repeat] == m_outputNumber;
+      ++m_outputNumber;
+      if (!isRepeat) {
+        return true;
+      }
+      ++m_repeat;
+      if (repeats != nullptr) {
+        repeats->push_back({CleaningRepairKind::duplicate, {begin, 0}, Text(line), {}});
+      }
+    }
+    return false;
+  }
+
+ private:
+  bool nextBeforeRemoval(TextView& line) {
+    while (m_pending == nullptr) {
+      if (!m_lines.next(m_line)) {
+        return false;
+      }
+      const bool isReplaced = m_replacement < m_edits.replacements.size() &&
+                              m_edits.replacements[m_replacement].line == m_lineNumber;
+      ++m_lineNumber;
+      if (!isReplaced) {
+        line = m_line.text;
+        return true;
+      }
+      const TextList& lines = m_edits.replacements[m_replacement++].lines;
+      m_pending = lines.empty() ? nullptr : &lines;
+      m_pendingAt = 0;
+    }
+    line = (*m_pending)[m_pendingAt++];
+    if (m_pendingAt == m_pending->size()) {
+      m_pending = nullptr;
+    }
+    return true;
+  }
+
+  const Edits& m_edits;
+  LogicalLines m_lines;
+  UnfoldedLine m_line;
+  std::size_t m_lineNumber = 0;
+  std::size_t m_replacement = 0;
+  const TextList* m_pending = nullptr; ///< lines of a replacement that are still to be given
+  std::size_t m_pendingAt = 0;
+  std::size_t m_outputNumber = 0;
+  std::size_t m_repeat = 0;
+};
+
+bool anyUsesQuotedPrintable(TextView text, const Edits& edits) {
+  EditedLines lines(text, edits);
+  TextView line;
+  std::size_t begin = 0;
+  while (lines.next(line, begin)) {
+    if (VCardCleaner::lineUsesQuotedPrintable(line)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void appendFoldedLine(Text& output, TextView line) {
+  std::size_t budget = kFirstFoldBytes;
+  if (fitsOnOneLine(line)) {
+    output.append(line);
+    return;
+  }
+  while (!line.empty()) {
+    if (budget != kFirstFoldBytes) {
+      output.append(u"\r\n ");
+    }
+    output.append(takeFoldedLine(line, budget));
+    budget = kLaterFoldBytes;
+  }
+}
+
+Text joined(TextView text, const Edits& edits, Cleaning& cleaning) {
+  // Folding would break the structure of quoted-printable soft breaks.
+  const bool isFolded = !anyUsesQuotedPrintable(text, edits);
+  Text output;
+  output.reserve(text.size() + text.size() / 16);
+  EditedLines lines(text, edits);
+  TextView line;
+  std::size_t begin = 0;
+  while (lines.next(line, begin, &cleaning.repairs)) {
+    if (!cleaning.origins.empty()) {
+      output.append(VCardCleaner::CRLF());
+    }
+    cleaning.origins.push_back({output.size(), begin});
+    if (isFolded) {
+      appendFoldedLine(output, line);
+    } else {
+      output.append(line);
+    }
+  }
+  std::stable_sort(cleaning.repairs.begin(), cleaning.repairs.end(),
+                   [](const CleaningRepair& a, const CleaningRepair& b) {
+                     return a.place.offset < b.place.offset;
+                   });
+  return output;
+}
+
+/// Makes the places those of the text before its line ends were repaired.
+void translatePlaces(TextView original, TextView repaired, Cleaning& cleaning) {
+  std::vector<std::size_t> offsets;
+  for (const CleaningRepair& repair : cleaning.repairs) {
+    offsets.push_back(repair.place.offset);
+  }
+  placesBeforeSeparatorRepair(original, repaired, offsets);
+  for (std::size_t i = 0; i < offsets.size(); ++i) {
+    cleaning.repairs[i].place.offset = offsets[i];
+  }
+  offsets.clear();
+  for (const LineOrigin& origin : cleaning.origins) {
+    offsets.push_back(origin.original);
+  }
+  placesBeforeSeparatorRepair(original, repaired, offsets);
+  for (std::size_t i = 0; i < offsets.size(); ++i) {
+    cleaning.origins[i].original = offsets[i];
+  }
+}
+
+} // namespace
+
+Cleaning clean(TextView text) {
+  Cleaning cleaning;
+  std::optional<Text> separated = repairedSeparators(text);
+  const TextView source = separated ? TextView(*separated) : text;
+  cleaning.isEnvelope = isEnvelopeOfCards(source);
+  if (!cleaning.isEnvelope) {
+    return cleaning;
+  }
+  const Edits edits = Inspection(source, cleaning).run();
+  if (!edits.areEmpty()) {
+    cleaning.text = joined(source, edits, cleaning);
+  }
+  if (separated) {
+    translatePlaces(text, source, cleaning);
+    cleaning.summaries.emplace(cleaning.summaries.begin(), kSeparatorsSummary);
+    cleaning.repairs.insert(cleaning.repairs.begin(),
+                            {CleaningRepairKind::separators, {0, 0}, Text(), {}});
+    if (!cleaning.text) {
+      cleaning.text = std::move(separated);
+    }
+  } else if (cleaning.text && cleaning.summaries.empty()) {
+    cleaning.summaries.emplace_back(kGeneralSummary);
+  }
+  return cleaning;
+}
+
+Text VCardCleaner::clean(TextView vCardString) {
+  Cleaning cleaning = ::cardwright::clean(vCardString);
+  if (cleaning.isEnvelope) {
+    if (m_debugLoggingEnabled) {
+      m_debugTotalLines = 0;
+      m_debugFastPathLines = 0;
+      m_debugSanitizedLines = 0;
+    }
+    m_debugTotalLines += cleaning.totalLines;
+    m_debugSanitizedLines += cleaning.repairedLines;
+    m_debugFastPathLines += cleaning.totalLines - cleaning.repairedLines;
+  }
+  m_lastDidClean = cleaning.text.has_value();
+  m_lastCleaningSummaries = std::move(cleaning.summaries);
+  m_lastRepairs = std::move(cleaning.repairs);
+  return cleaning.text ? std::move(*cleaning.text) : Text(vCardString);
+}
+
+std::string VCardCleaner::clean(std::string_view utf8) {
+  return utf8FromText(clean(TextView(textFromUtf8(utf8))));
+}
+
+Text VCardCleaner::cleanWithVCardString(TextView vCardString) {
+  return clean(vCardString);
+}
+
+} // namespace cardwright
