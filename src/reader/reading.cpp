@@ -1,17 +1,23 @@
 #include "cardwright/utf8.h"
 #include "cardwright/vcard.h"
+#include "cleaner/cleaning.h"
 #include "reader/card_reader.h"
 
 namespace cardwright {
 
 std::optional<VCardList> VCard::vCardsFromString(std::optional<TextView> text,
-                                                 TextList* /*cleaningSummaries*/,
+                                                 TextList* cleaningSummaries,
                                                  ContactsParser* contactsParser) {
   if (!text) {
     return std::nullopt;
   }
+  Cleaning cleaning = clean(*text);
+  if (cleaningSummaries != nullptr && cleaning.text) {
+    *cleaningSummaries = std::move(cleaning.summaries);
+  }
   ReadRecorder recorder(nullptr);
-  return readAllCards(*text, {&recorder, contactsParser});
+  return readAllCards(cleaning.text ? TextView(*cleaning.text) : *text,
+                      {&recorder, contactsParser});
 }
 
 VCardList VCard::vCardsFromString(std::string_view utf8, TextList* cleaningSummaries,
