@@ -12,6 +12,7 @@
 #include "cardwright/face.h"
 #include "cardwright/read_report.h"
 #include "cardwright/text.h"
+#include "cardwright/text_place.h"
 #include "cardwright/text_scanner.h"
 #include "cardwright/time_zone.h"
 #include "cardwright/utf8.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cardwright/read_report.h"
 #include "cardwright/text.h"
+#include "cardwright/text_place.h"
 
 #include <vector>
 
@@ -22,7 +22,8 @@ enum class CleaningRepairKind {
 /// One repair: what a line was, where it stood and what became of it.
 struct CleaningRepair {
   CleaningRepairKind kind{};
-  /// Place in the text as it was before any repair. The line is counted by who shows the place.
+  /// Place in the text as it was before any repair. VCardCleaner does not count lines: there it is
+  /// always the first.
   TextPlace place;
   Text originalLine;    ///< the logical line; for a soft break, the physical lines as they were
   TextList replacement; ///< the logical lines that took its place; none when it was removed

@@ -1,17 +1,59 @@
 #pragma once
 
+#include "cardwright/cleaning_repair.h"
+#include "cardwright/decode.h"
 #include "cardwright/read_report.h"
 #include "cardwright/vcard.h"
 
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace cardwright {
 
-/// Reads all cards of a UTF-8 text, however damaged. A byte-order mark at its start is not part of
-/// the text; bytes that are no UTF-8 become U+FFFD.
-/// @param report receives what was read and what was dropped; nothing of the result depends on it
+// Bytes in, cards or bytes out: the everyday operations. All may be called from any thread; objects
+// that are handed in belong to the call while it runs.
+
+/// How bytes are read.
+struct ReadOptions {
+  /// The encoding, where it is known better than the bytes tell; see decodeFile. An unknown name
+  /// counts as none.
+  std::optional<std::string> encoding;
+  /// Whether damaged text is repaired before it is read.
+  bool clean = true;
+  /// Asked for empty notes of version 2.1 cards; borrowed, may be null.
+  ContactsParser* contactsParser = nullptr;
+};
+
+/// Reads all cards of a file, however damaged: what is damaged is repaired where the damage is
+/// understood, and the rest is left out.
+/// @param report receives what was repaired, read and dropped; nothing of the result depends on it
 /// @returns the cards in text order, none for a text without any
-[[nodiscard]] [[gnu::visibility("default")]] VCardList readCards(std::string_view utf8,
-                                                                 ReadReport* report = nullptr);
+[[nodiscard]] [[gnu::visibility("default")]] VCardList
+readCards(std::string_view bytes, ReadReport* report = nullptr, const ReadOptions& options = {});
+
+/// A line that keeps a text from being repaired: only text that is nothing but cards is touched.
+struct ForeignLine {
+  TextPlace place;
+  std::string text; ///< UTF-8
+};
+
+/// What one cleaning call did.
+struct CleanReport {
+  DecodingReport decoding;
+  std::vector<std::string> summaries;  ///< one line for each repair, in UTF-8
+  std::vector<CleaningRepair> repairs; ///< the same repairs with the lines they changed
+  /// The first line before or behind the cards because of which nothing was repaired.
+  std::optional<ForeignLine> foreignLine;
+};
+
+/// Repairs a file without reading its cards.
+/// @param encoding see decodeFile; an unknown name counts as none
+/// @returns the repaired text in UTF-8; absent when the file needs nothing, and is best kept byte
+///          for byte. Bytes dropped in decoding are a repair too.
+[[nodiscard]] [[gnu::visibility("default")]] std::optional<std::string>
+cleanText(std::string_view bytes, CleanReport* report = nullptr,
+          std::optional<std::string_view> encoding = std::nullopt);
 
 } // namespace cardwright

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "cardwright/cleaning_repair.h"
+#include "cardwright/decode.h"
 #include "cardwright/text.h"
+#include "cardwright/text_place.h"
 
 #include <cstddef>
 #include <string>
@@ -8,14 +11,6 @@
 #include <vector>
 
 namespace cardwright {
-
-/// Where something stands in a text.
-struct TextPlace {
-  std::size_t offset = 0; ///< UTF-16 code units from the start of the decoded text
-  std::size_t line = 1;   ///< physical line, counted from 1; CR LF, CR and LF each end one
-
-  friend bool operator==(const TextPlace&, const TextPlace&) = default;
-};
 
 /// Why a line was dropped. The numbers are stable.
 enum class DropReason {
@@ -41,6 +36,9 @@ struct DroppedLine {
 
 /// What one reading call did.
 struct ReadReport {
+  DecodingReport decoding;
+  std::vector<std::string> summaries;  ///< one line for each repair, in UTF-8
+  std::vector<CleaningRepair> repairs; ///< the same repairs with the lines they changed
   std::size_t cards = 0;
   std::size_t properties = 0; ///< read from lines; a VERSION that the reader adds is not counted
   std::vector<DroppedLine> droppedLines;

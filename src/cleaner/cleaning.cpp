@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <iterator>
 
 namespace cardwright {
 
@@ -246,6 +247,24 @@ Cleaning clean(TextView text) {
     cleaning.summaries.emplace_back(kGeneralSummary);
   }
   return cleaning;
+}
+
+void translateToOriginal(const Cleaning& cleaning, TextView original,
+                         std::span<std::size_t> offsets) {
+  if (!cleaning.text) {
+    return;
+  }
+  if (cleaning.origins.empty()) {
+    placesBeforeSeparatorRepair(original, *cleaning.text, offsets);
+    return;
+  }
+  auto origin = cleaning.origins.begin();
+  for (std::size_t& offset : offsets) {
+    while (std::next(origin) != cleaning.origins.end() && std::next(origin)->cleaned <= offset) {
+      ++origin;
+    }
+    offset = origin->original;
+  }
 }
 
 Text VCardCleaner::clean(TextView vCardString) {

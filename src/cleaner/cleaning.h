@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace cardwright {
@@ -30,5 +31,10 @@ struct Cleaning {
 /// Cleans a text: line ends, then lines one by one, then repeats of bookkeeping properties. A text
 /// is read once where nothing has to be repaired, and a second time to write what was.
 [[nodiscard]] Cleaning clean(TextView text);
+
+/// Makes places in the cleaned text places in the text that was cleaned.
+/// @param offsets ascending
+void translateToOriginal(const Cleaning& cleaning, TextView original,
+                         std::span<std::size_t> offsets);
 
 } // namespace cardwright

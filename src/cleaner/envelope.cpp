@@ -58,4 +58,29 @@ bool isEnvelopeOfCards(TextView text) {
          findIgnoringCase(cards, u"begin:vcard") && findIgnoringCase(cards, u"end:vcard");
 }
 
+std::optional<TextRange> findForeignLine(TextView text) {
+  bool isInCard = false;
+  bool hasCards = false;
+  std::optional<TextRange> foreign;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(u"\r\n", begin), text.size());
+    const TextView line = withoutSurroundings(text.substr(begin, end - begin));
+    if (isCardBegin(line)) {
+      if (foreign && !hasCards) {
+        return foreign;
+      }
+      // What stands between two cards does no harm.
+      foreign.reset();
+      hasCards = true;
+      isInCard = true;
+    } else if (isInCard) {
+      isInCard = !isCardEnd(line);
+    } else if (!line.empty() && !foreign) {
+      foreign = TextRange{begin, end - begin};
+    }
+    begin = end + 1;
+  }
+  return hasCards ? foreign : std::nullopt;
+}
+
 } // namespace cardwright

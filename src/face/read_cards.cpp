@@ -1,21 +1,21 @@
 #include "cardwright/face.h"
-#include "cardwright/utf8.h"
+#include "face/reporting.h"
 #include "reader/card_reader.h"
 
 namespace cardwright {
 
-VCardList readCards(std::string_view utf8, ReadReport* report) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (utf8.starts_with(kByteOrderMark)) {
-    utf8.remove_prefix(kByteOrderMark.size());
-  }
+VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOptions& options) {
+  ReadReport done;
+  const Text text = decodedBytes(bytes, options.encoding, done.decoding);
+  Cleaning cleaning = options.clean ? clean(text) : Cleaning();
+  ReadRecorder recorder(report != nullptr ? &done : nullptr);
+  VCardList cards = readAllCards(cleaning.text ? TextView(*cleaning.text) : TextView(text),
+                                 {&recorder, options.contactsParser});
   if (report != nullptr) {
-    *report = {};
+    placeDroppedLines(cleaning, text, done.droppedLines);
+    reportRepairs(cleaning, text, done.summaries, done.repairs);
+    *report = std::move(done);
   }
-  const Text text = textFromUtf8(utf8);
-  ReadRecorder recorder(report);
-  VCardList cards = readAllCards(text, {&recorder, nullptr});
-  recorder.finish(text);
   return cards;
 }
 

@@ -10,23 +10,6 @@ void ReadRecorder::lineDropped(DropReason reason, std::size_t offset, TextView t
   }
 }
 
-void ReadRecorder::finish(TextView text) {
-  if (m_report == nullptr) {
-    return;
-  }
-  // Lines were dropped in text order, so one walk counts them all.
-  std::size_t at = 0;
-  std::size_t line = 1;
-  for (DroppedLine& dropped : m_report->droppedLines) {
-    for (; at < dropped.place.offset && at < text.size(); ++at) {
-      const bool endsLine = text[at] == u'\n' ||
-                            (text[at] == u'\r' && (at + 1 == text.size() || text[at + 1] != u'\n'));
-      line += endsLine ? 1 : 0;
-    }
-    dropped.place.line = line;
-  }
-}
-
 std::string_view dropReasonText(DropReason reason) {
   switch (reason) {
   case DropReason::none:

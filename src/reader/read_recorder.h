@@ -22,11 +22,9 @@ class ReadRecorder {
       ++m_report->properties;
     }
   }
-  /// @param offset where the logical line begins that the text is, or is part of
+  /// @param offset where the logical line begins that the text is, or is part of; what line number
+  ///               that is, is found out by who wants to know, when all is read
   void lineDropped(DropReason reason, std::size_t offset, TextView text);
-
-  /// Tells the places in lines, once all is read.
-  void finish(TextView text);
 
  private:
   ReadReport* m_report;
