@@ -1,0 +1,68 @@
+#include "io/card_source.h"
+
+#include "io/input.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace cardwright::tool {
+
+namespace {
+
+/// Says what was lost between the cards of a file and the reader, in one line.
+void noteDroppedLines(const CardFile& file, const ReadReport& report, Diagnostics& diagnostics) {
+  constexpr std::size_t kShown = 3;
+  const std::vector<DroppedLine>& lines = report.droppedLines;
+  const auto insideCards = [](const DroppedLine& line) {
+    return line.reason != DropReason::outsideCard;
+  };
+  const auto count =
+      static_cast<std::size_t>(std::count_if(lines.begin(), lines.end(), insideCards));
+  if (count == 0) {
+    return;
+  }
+  std::string message = count == 1 ? "1 line could not be used: "
+                                   : std::to_string(count) + " lines could not be used: ";
+  std::size_t shown = 0;
+  for (const DroppedLine& line : lines) {
+    if (!insideCards(line)) {
+      continue;
+    }
+    if (shown == kShown) {
+      message += ", and " + std::to_string(count - shown) + " more";
+      break;
+    }
+    message += shown == 0 ? "" : ", ";
+    message += "line " + std::to_string(line.place.line) + " (";
+    message += dropReasonText(line.reason);
+    message += ")";
+    ++shown;
+  }
+  diagnostics.note(displayName(file.path), message);
+}
+
+} // namespace
+
+void forEachCardFile(const std::vector<std::string>& paths, Diagnostics& diagnostics,
+                     const std::function<bool(const CardFile&)>& use) {
+  static const std::vector<std::string> kOnlyStandardInput{std::string(kStandardInput)};
+  for (const std::string& path : paths.empty() ? kOnlyStandardInput : paths) {
+    auto bytes = readFile(path, diagnostics);
+    if (!bytes) {
+      continue;
+    }
+    ReadReport report;
+    const CardFile file{path, readCards(*bytes, &report)};
+    bytes.reset(); // the cards hold what they need
+    if (file.cards.empty()) {
+      diagnostics.note(displayName(path), "no cards in it");
+    } else {
+      noteDroppedLines(file, report, diagnostics);
+    }
+    if (!use(file)) {
+      return;
+    }
+  }
+}
+
+} // namespace cardwright::tool

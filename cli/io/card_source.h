@@ -1,0 +1,25 @@
+#pragma once
+
+#include "io/diagnostics.h"
+
+#include <cardwright/face.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace cardwright::tool {
+
+/// The cards of one file.
+struct CardFile {
+  std::string path; ///< kStandardInput for standard input
+  VCardList cards;
+};
+
+/// Reads files one after the other, standard input where there is none, and hands on the cards of
+/// each. A file that cannot be read is told and passed over.
+/// @param use returns whether to go on
+void forEachCardFile(const std::vector<std::string>& paths, Diagnostics& diagnostics,
+                     const std::function<bool(const CardFile&)>& use);
+
+} // namespace cardwright::tool

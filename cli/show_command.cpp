@@ -1,0 +1,81 @@
+#include "commands.h"
+#include "io/card_source.h"
+#include "io/input.h"
+#include "io/terminal.h"
+#include "view/card_printer.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace cardwright::tool {
+
+namespace {
+
+struct ShowOptions {
+  std::vector<std::string> files;
+  ColorWish color = ColorWish::automatic;
+};
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  cardwright show contacts.vcf\n"
+    "  cardwright show family.vcf friends.vcf\n"
+    "  cardwright show --color=always contacts.vcf | less -R\n"
+    "  curl -s https://example.org/me.vcf | cardwright show\n"
+    "\n"
+    "Colour is used on a terminal, unless NO_COLOR is set in the environment.\n"
+    "What a card holds can never steer the terminal: control characters are shown.";
+
+ColorWish colorWish(const std::string& word) {
+  if (word == "auto") {
+    return ColorWish::automatic;
+  }
+  if (word == "always") {
+    return ColorWish::always;
+  }
+  if (word == "never") {
+    return ColorWish::never;
+  }
+  throw CLI::ValidationError("--color", "'" + word + "' is not auto, always or never");
+}
+
+void show(const ShowOptions& options, const Session& session) {
+  Output& output = session.output;
+  CardPrinter printer(output, {wantsColor(options.color, output.descriptor()),
+                               terminalColumns(output.descriptor())});
+  forEachCardFile(options.files, session.diagnostics, [&](const CardFile& file) {
+    if (options.files.size() > 1 && !file.cards.empty()) {
+      printer.printFileName(displayName(file.path));
+    }
+    CardNames names(file.cards);
+    for (const auto& card : file.cards) {
+      printer.print(viewOfCard(*card, names));
+      if (!output.isOpen()) {
+        return false;
+      }
+    }
+    return true;
+  });
+}
+
+} // namespace
+
+void addShowCommand(CLI::App& app, const Session& session) {
+  const auto options = std::make_shared<ShowOptions>();
+  CLI::App* const command = app.add_subcommand("show", "Show cards as people read them");
+  command->group(kCommandGroup);
+  command->add_option("FILE", options->files, "Files to read; '-' or none is standard input")
+      ->type_name("");
+  command
+      ->add_option_function<std::string>(
+          "--color", [options](const std::string& wish) { options->color = colorWish(wish); },
+          "Colour the output: auto, always or never")
+      ->type_name("WHEN");
+  command->footer(kExamples);
+  command->callback([options, session] { show(*options, session); });
+}
+
+} // namespace cardwright::tool

@@ -1,0 +1,93 @@
+#include "tool.h"
+
+#include "commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <new>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace cardwright::tool {
+
+namespace {
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  cardwright show contacts.vcf           the cards of a file, for people\n"
+    "  cardwright json contacts.vcf           the same cards, for programs\n"
+    "  unzip -p backup.zip a.vcf | cardwright show\n"
+    "                                         without a file, standard input is read\n"
+    "  cardwright show --help                 more about one command\n"
+    "\n"
+    "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage.";
+
+/// Where to read on: the page of help of the command that was meant.
+std::string helpHint(const CLI::App& app) {
+  std::string command = "cardwright";
+  for (const CLI::App* const subcommand : app.get_subcommands()) {
+    command += " " + subcommand->get_name();
+  }
+  return "; see '" + command + " --help'";
+}
+
+/// What is wrong with the command line, in our words where they are clearer.
+std::string usageProblem(const CLI::App& app, const CLI::Error& error) {
+  const bool hasCommand = !app.get_subcommands().empty();
+  const std::vector<std::string> unexpected = app.remaining(true);
+  if (unexpected.empty()) {
+    return hasCommand ? error.what() : "no command given";
+  }
+  const std::string& word = unexpected.front();
+  if (word.starts_with('-')) {
+    return "there is no option '" + word + "'";
+  }
+  return hasCommand ? error.what() : "there is no command '" + word + "'";
+}
+
+void parse(CLI::App& app, int argc, char** argv, const Session& session) {
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForVersion&) {
+    session.output.write(app.version());
+    session.output.put('\n');
+  } catch (const CLI::Success&) {
+    session.output.write(app.help());
+  } catch (const CLI::Error& error) {
+    session.diagnostics.wrongUsage(usageProblem(app, error) + helpHint(app));
+  }
+}
+
+} // namespace
+
+ExitStatus run(int argc, char** argv) {
+  // Whoever reads our output may stop at any time; that shows when writing, and kills nobody.
+  std::signal(SIGPIPE, SIG_IGN);
+
+  Output output(STDOUT_FILENO);
+  Diagnostics diagnostics(output);
+  const Session session{output, diagnostics};
+  try {
+    CLI::App app("Cardwright reads vCards of every version, however damaged.", "cardwright");
+    app.set_version_flag("--version", "cardwright " CARDWRIGHT_TOOL_VERSION, "Print the version");
+    app.set_help_flag("-h,--help", "Print this help");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("Positionals", "Arguments");
+    app.footer(kExamples);
+    app.require_subcommand(1);
+    addShowCommand(app, session);
+    addJsonCommand(app, session);
+    parse(app, argc, argv, session);
+  } catch (const std::bad_alloc&) {
+    diagnostics.error({}, "not enough memory");
+  }
+  output.flush();
+  if (output.error() != 0) {
+    diagnostics.error("standard output", systemMessage(output.error()));
+  }
+  return diagnostics.status();
+}
+
+} // namespace cardwright::tool
