@@ -13,6 +13,9 @@ namespace {
 
 using Limits = std::numeric_limits<std::int64_t>;
 
+constexpr std::int64_t kMinute = 60;
+constexpr std::int64_t kHour = 60 * kMinute;
+
 std::int64_t offsetOf(TextView text) {
   VCardUTCOffsetValue value;
   value.setOffset(77);
@@ -56,22 +59,22 @@ TEST(UtcOffsetValue, readsHoursAndMinutes) {
       {u"-05:30 (EST)", -19800},
       {u"+05 30", 18000},
       // Minutes are not limited.
-      {u"+05:90", 5 * 3600 + 90 * 60},
-      {u"0599", 5 * 3600 + 99 * 60},
+      {u"+05:90", 5 * kHour + 90 * kMinute},
+      {u"0599", 5 * kHour + 99 * kMinute},
       // Four digits are hours and minutes only where there is no colon.
-      {u"702", 702 * 3600},
-      {u"45235", 45235LL * 3600},
-      {u"0530:", 530 * 3600},
-      {u":0530", 530 * 3600},
-      {u"-:0530", 530 * 3600},
-      {u"0530:15", 530 * 3600 + 15 * 60},
-      {u"10::58", 10 * 3600 + 58 * 60},
+      {u"702", 702 * kHour},
+      {u"45235", 45235 * kHour},
+      {u"0530:", 530 * kHour},
+      {u":0530", 530 * kHour},
+      {u"-:0530", 530 * kHour},
+      {u"0530:15", 530 * kHour + 15 * kMinute},
+      {u"10::58", 10 * kHour + 58 * kMinute},
       {u"1:::", 3600},
       // The minutes may carry a sign.
       {u"05:-30", 16200},
       {u"+05:+30", 19800},
       {u"-05:-30", -16200},
-      {u"05-15", 5 * 3600 - 15 * 60},
+      {u"05-15", 5 * kHour - 15 * kMinute},
       {u"0530-15", 19800},
       {u"05:+-30", 18000},
       {u"05:-", 18000},
@@ -121,8 +124,8 @@ TEST(UtcOffsetValue, writesHoursAndMinutes) {
       {59, u"+00:00", u"+0000"},
       {-59, u"-00:00", u"-0000"},
       {3661, u"+01:01", u"+0101"},
-      {99 * 3600 + 59 * 60, u"+99:59", u"+9959"},
-      {100 * 3600, u"+100:00", u"+10000"},
+      {99 * kHour + 59 * kMinute, u"+99:59", u"+9959"},
+      {100 * kHour, u"+100:00", u"+10000"},
       {Limits::max(), u"+2562047788015215:30", u"+256204778801521530"},
       {Limits::min(), u"-2562047788015215:30", u"-256204778801521530"},
   };
