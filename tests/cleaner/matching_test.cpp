@@ -15,7 +15,9 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <iomanip>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,17 +37,24 @@ using Match = CleanerPattern::Match;
 using Matches = std::vector<Match>;
 
 std::string printed(TextView text) {
-  std::string result;
+  std::ostringstream result;
   for (const char16_t unit : text) {
     if (unit >= 0x20 && unit < 0x7F) {
-      result += static_cast<char>(unit);
+      result << static_cast<char>(unit);
     } else {
-      std::array<char, 12> escaped{};
-      std::snprintf(escaped.data(), escaped.size(), "\\u%04X", static_cast<unsigned>(unit));
-      result += escaped.data();
+      result << "\\u" << std::hex << std::setw(4) << std::setfill('0')
+             << static_cast<unsigned>(unit);
     }
   }
-  return result;
+  return result.str();
+}
+
+Text textOf(char32_t codePoint) {
+  if (codePoint < 0x10000) {
+    return Text(1, static_cast<char16_t>(codePoint));
+  }
+  return {static_cast<char16_t>(0xD7C0U + (codePoint >> 10U)),
+          static_cast<char16_t>(0xDC00U + (codePoint & 0x3FFU))};
 }
 
 /// How many lines are generated: CARDWRIGHT_LINES of the environment, else enough for every day.
@@ -127,13 +136,7 @@ TEST(Matching, agreesWithIcuOnEveryCharacterInEveryPlace) {
     if (codePoint > 0xFFFF && codePoint % 251 != 0) {
       continue;
     }
-    Text character;
-    if (codePoint < 0x10000) {
-      character += static_cast<char16_t>(codePoint);
-    } else {
-      character += static_cast<char16_t>(0xD7C0U + (codePoint >> 10U));
-      character += static_cast<char16_t>(0xDC00U + (codePoint & 0x3FFU));
-    }
+    const Text character = textOf(codePoint);
     for (const TextView place :
          {u"@.TEL:", u"a@.TEL;A@=@:", u"@:", u"X-@", u"N;@=@:", u"X-A;@  @", u"TEL@:"}) {
       Text line;
@@ -156,23 +159,21 @@ TEST(Matching, hasTheGroupsThatThePatternsHave) {
 }
 
 TEST(AsciiFolding, knowsEveryLetterThatFoldsToAscii) {
-  for (UChar32 codePoint = 0x80; codePoint <= 0x10FFFF; ++codePoint) {
-    std::array<UChar, 2> source{};
-    int32_t length = 0;
-    U16_APPEND_UNSAFE(source.data(), length, codePoint);
+  for (char32_t codePoint = 0x80; codePoint <= 0x10FFFF; ++codePoint) {
+    const Text source = textOf(codePoint);
     std::array<UChar, 8> folded{};
     UErrorCode status = U_ZERO_ERROR;
     const int32_t foldedLength =
-        u_strFoldCase(folded.data(), 8, source.data(), length, U_FOLD_CASE_DEFAULT, &status);
+        u_strFoldCase(folded.data(), 8, reinterpret_cast<const UChar*>(source.data()),
+                      static_cast<int32_t>(source.size()), U_FOLD_CASE_DEFAULT, &status);
     Text expected;
     for (int32_t i = 0; i < foldedLength; ++i) {
       expected += asciiUpper(folded[static_cast<std::size_t>(i)]);
     }
     const bool isAsciiFolding =
         std::all_of(expected.begin(), expected.end(), [](char16_t unit) { return isAscii(unit); });
-    const TextView found =
-        length == 1 ? asciiFolding(static_cast<char16_t>(codePoint)) : TextView();
-    ASSERT_EQ(found, isAsciiFolding ? TextView(expected) : TextView()) << codePoint;
+    const TextView found = source.size() == 1 ? asciiFolding(source.front()) : TextView();
+    ASSERT_EQ(found, isAsciiFolding ? TextView(expected) : TextView()) << printed(source);
   }
 }
 

@@ -58,4 +58,25 @@ void expectLinear(std::size_t size, Run run) {
       << "size " << size << ": " << once << " s, four times: " << fourTimes << " s";
 }
 
+/// How many times as long the second run takes as the first, each at its best. The machine may be
+/// busy with something else: up to ten further rounds are run while the ratio is `limit` or more.
+template <typename Small, typename Large>
+double growthBetween(Small small, Large large, double limit) {
+  const auto timeOf = [](auto run) {
+    const double begin = threadSeconds();
+    run();
+    return threadSeconds() - begin;
+  };
+  double bestSmall = timeOf(small);
+  double bestLarge = timeOf(large);
+  for (int round = 0; round < 10; ++round) {
+    bestSmall = std::min(bestSmall, timeOf(small));
+    bestLarge = std::min(bestLarge, timeOf(large));
+    if (bestLarge < bestSmall * limit) {
+      break;
+    }
+  }
+  return bestLarge / bestSmall;
+}
+
 } // namespace cardwright
