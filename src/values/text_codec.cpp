@@ -80,7 +80,10 @@ std::optional<TextList> VCardUtils::decodeTextMultiValue(std::optional<TextView>
   if (!text) {
     return std::nullopt;
   }
+  std::size_t count = 0;
+  forEachListPiece(*text, [&count](TextView /*piece*/) { ++count; });
   TextList list;
+  list.reserve(count);
   forEachListPiece(*text, [&](TextView piece) {
     const TextView trimmed = trimWhitespaceAndNewlines(piece);
     // A piece of nothing but blanks keeps them.
