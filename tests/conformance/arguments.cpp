@@ -55,7 +55,7 @@ const Json& memberOf(const Json& object, const char* name) {
   if (!object.IsObject()) {
     failExpecting("object", object);
   }
-  return object.HasMember(name) ? object[name] : null;
+  return object.HasMember(name) ? object.FindMember(name)->value : null;
 }
 
 const Json& checkedList(const Json& value) {

@@ -33,7 +33,7 @@ namespace {
   if (!object.HasMember(name)) {
     throw std::runtime_error(std::string("a case without \"") + name + '"');
   }
-  return std::move(object[name]);
+  return std::move(object.FindMember(name)->value);
 }
 
 [[nodiscard]] std::string takeString(Json& object, const char* name) {

@@ -25,7 +25,7 @@ void writeNote(int signal) {
   [[maybe_unused]] const auto written = write(STDERR_FILENO, g_note.data(), g_noteLength);
   sigaction(signal, &g_previous[static_cast<std::size_t>(signal)], nullptr);
   if (signal == SIGTERM) {
-    raise(signal);
+    static_cast<void>(raise(signal));
   }
   // Any other signal comes again by itself, now to its previous handler.
 }

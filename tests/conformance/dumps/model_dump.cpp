@@ -18,7 +18,7 @@ namespace {
                                     : objectToJson("class", Json(), "type", Json(), "qp", false,
                                                    "charset", Json(), "value", Json());
   for (const char* name : {"class", "type", "qp", "charset", "value"}) {
-    addMembers(dump, name, std::move(valueDump[name]));
+    addMembers(dump, name, std::move(valueDump.FindMember(name)->value));
   }
   return dump;
 }
