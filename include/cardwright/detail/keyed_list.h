@@ -3,8 +3,8 @@
 #include "cardwright/detail/text_storage.h"
 
 #include <cstddef>
+#include <map>
 #include <memory>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -12,7 +12,9 @@ namespace cardwright::detail {
 
 /// A dictionary from text to Value for the handful of keys that a card or a property has: a
 /// vector that is searched from the front, with an index beside it once it has grown long, so
-/// that hundreds of thousands of keys cost no more each. The order of entries means nothing.
+/// that hundreds of thousands of keys cost little more each. The index is ordered, not hashed:
+/// names come from files, and no file may choose names that all share a hash. The order of entries
+/// means nothing.
 template <typename Value>
 class KeyedList {
  public:
@@ -66,6 +68,8 @@ class KeyedList {
   }
 
  private:
+  using Index = std::map<TextView, std::size_t>;
+
   static constexpr std::size_t kLinearLimit = 24;
 
   [[nodiscard]] std::size_t positionOf(TextView key) const {
@@ -81,8 +85,7 @@ class KeyedList {
   }
 
   void buildIndex() {
-    m_index = std::make_unique<std::unordered_map<TextView, std::size_t>>();
-    m_index->reserve(m_entries.size() * 2);
+    m_index = std::make_unique<Index>();
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
       m_index->emplace(m_entries[i].key.view(), i);
     }
@@ -90,7 +93,7 @@ class KeyedList {
 
   std::vector<Entry> m_entries;
   /// Views of the entries' own keys, which do not move when the vector grows.
-  std::unique_ptr<std::unordered_map<TextView, std::size_t>> m_index;
+  std::unique_ptr<Index> m_index;
 };
 
 } // namespace cardwright::detail
