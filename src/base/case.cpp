@@ -20,9 +20,20 @@ bool isAsciiText(TextView text) noexcept {
 
 using CaseMapping = int32_t(UChar*, int32_t, const UChar*, int32_t, const char*, UErrorCode*);
 
-constexpr std::size_t kPieceUnits = std::size_t{1} << 28U;
+/// End of the piece of a text that ICU, whose lengths are 32 bits wide, is given at once. It lies
+/// before a blank or a control: what a letter becomes may depend on its neighbours, but not across
+/// these.
+std::size_t endOfPiece(TextView text) noexcept {
+  constexpr std::size_t kShortest = std::size_t{1} << 20U;
+  constexpr std::size_t kLongest = std::size_t{1} << 28U;
+  std::size_t end = std::min(text.size(), kShortest);
+  while (end < text.size() && end < kLongest && text[end] > u' ') {
+    ++end;
+  }
+  return end;
+}
 
-/// Appends the mapping of a piece that ICU can take at once: its lengths are 32 bits wide.
+/// Appends the mapping of a piece.
 void appendMappedPiece(Text& result, TextView piece, CaseMapping* map) {
   const std::size_t begin = result.size();
   result.resize(begin + piece.size());
@@ -47,19 +58,12 @@ Text mapped(TextView text, CaseMapping* map, char16_t (*mapAscii)(char16_t)) {
     std::transform(text.begin(), text.end(), result.begin(), mapAscii);
     return result;
   }
-  while (text.size() > kPieceUnits) {
-    std::size_t cut = kPieceUnits;
-    // A final sigma looks at its neighbours: cut where there are only ASCII ones.
-    while (cut > 1 && !(isAscii(text[cut]) && isAscii(text[cut - 1]))) {
-      --cut;
-    }
-    if (cut == 1) {
-      cut = kPieceUnits;
-    }
-    appendMappedPiece(result, text.substr(0, cut), map);
-    text.remove_prefix(cut);
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t end = endOfPiece(text);
+    appendMappedPiece(result, text.substr(0, end), map);
+    text.remove_prefix(end);
   }
-  appendMappedPiece(result, text, map);
   return result;
 }
 
