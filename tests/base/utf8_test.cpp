@@ -34,6 +34,15 @@ std::string encodedByIcu(TextView text) {
   return utf8;
 }
 
+void appendCodePoint(Text& text, UChar32 codePoint) {
+  if (!U_IS_BMP(codePoint)) {
+    text.push_back(U16_LEAD(codePoint));
+    text.push_back(U16_TRAIL(codePoint));
+  } else {
+    text.push_back(static_cast<char16_t>(codePoint));
+  }
+}
+
 bool hasReplacement(TextView text) {
   return text.find(char16_t{0xFFFD}) != TextView::npos;
 }
@@ -60,6 +69,32 @@ TEST(TextFromUtf8, replacesEveryMaximalPartOfABrokenSequence) {
 TEST(TextFromUtf8, agreesWithIcuOnAllShortSequences) {
   const std::string alphabet = bytesFromHex("41808f909fa0bfc1c2dfe0e1edeff0f1f4f5");
   forEachCombination(alphabet, 4, expectTheSameAsIcu);
+}
+
+TEST(TextFromUtf8, agreesWithIcuOnEverySequenceOfThreeBytes) {
+  for (unsigned head = 0; head < 0x10000; ++head) {
+    const std::string twoBytes = {static_cast<char>(head >> 8U), static_cast<char>(head)};
+    std::string utf8;
+    for (unsigned last = 0; last < 0x100; ++last) {
+      utf8 += twoBytes + static_cast<char>(last) + 'x';
+    }
+    // At the end of the text nothing follows the two.
+    utf8 += twoBytes;
+    ASSERT_EQ(textFromUtf8(utf8), decodedByIcu(utf8)) << head;
+  }
+}
+
+TEST(TextFromUtf8, readsEveryCodePointBack) {
+  for (UChar32 c = 0; c <= 0x10FFFF; ++c) {
+    if (U_IS_SURROGATE(c)) {
+      continue;
+    }
+    Text text;
+    appendCodePoint(text, c);
+    const std::string utf8 = encodedByIcu(text);
+    ASSERT_EQ(utf8FromText(text), utf8) << c;
+    ASSERT_EQ(textFromUtf8(utf8), text) << c;
+  }
 }
 
 TEST(TextFromUtf8, agreesWithIcuOnRandomMixturesOfAsciiAndTheRest) {
