@@ -1,0 +1,77 @@
+#include "cardwright/vcard.h"
+#include "cardwright/vcard_parameter.h"
+#include "cardwright/vcard_property.h"
+#include "support/text_printer.h"
+#include "writer/order.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace cardwright {
+namespace {
+
+TextList propertyOrder(const TextList& names) {
+  VCard card;
+  for (const Text& name : names) {
+    card.addProperty(VCardProperty::propertyWithName(name, TextView(u"x")));
+  }
+  return card.propertiesInSortOrder();
+}
+
+TextList parameterOrder(const TextList& names) {
+  VCardProperty property;
+  for (const Text& name : names) {
+    property.addParameter(VCardParameter::parameterWithName(name, u"x"));
+  }
+  return property.parametersInSortOrder();
+}
+
+TEST(PropertyOrder, putsTheMainPropertiesFirst) {
+  EXPECT_EQ(propertyOrder({u"X-FOO", u"EMAIL", u"N", u"VERSION", u"NOTE", u"FN"}),
+            (TextList{u"VERSION", u"FN", u"N", u"EMAIL", u"NOTE", u"X-FOO"}));
+  EXPECT_EQ(propertyOrder({u"ADR", u"TEL", u"EMAIL", u"TITLE", u"ORG", u"N", u"FN", u"PRODID",
+                           u"VERSION", u"ADDRESS"}),
+            (TextList{u"VERSION", u"PRODID", u"FN", u"N", u"ORG", u"TITLE", u"EMAIL", u"TEL",
+                      u"ADR", u"ADDRESS"}));
+}
+
+TEST(PropertyOrder, namesEachKeyOnce) {
+  EXPECT_EQ(propertyOrder({u"tel", u"Tel", u"TEL", u"fn"}), (TextList{u"FN", u"TEL"}));
+  EXPECT_EQ(propertyOrder({}), TextList{});
+}
+
+TEST(PropertyOrder, comparesTheOthersByCodeUnits) {
+  // By code points, U+FF21 would come before the pair that begins with 0xD83D.
+  EXPECT_EQ(propertyOrder({u"\uFF21", u"\U0001F600", u"URL", u"X-B", u"X-", u"NOTE", u""}),
+            (TextList{u"", u"NOTE", u"URL", u"X-", u"X-B", u"\U0001F600", u"\uFF21"}));
+}
+
+TEST(PropertyOrder, knowsRanksOfUpperCaseKeysOnly) {
+  VCardPropertyDict dict;
+  for (const TextView key : {TextView(u"fn"), TextView(u"VERSION"), TextView(u"NOTE")}) {
+    dict[Text(key)] = std::make_shared<VCardPropertyList>();
+  }
+  VCard card;
+  card.setPropertyDict(dict);
+  EXPECT_EQ(card.propertiesInSortOrder(), (TextList{u"VERSION", u"NOTE", u"fn"}));
+}
+
+TEST(ParameterOrder, putsValueEncodingAndTypeFirst) {
+  EXPECT_EQ(parameterOrder({u"X-A", u"TYPE", u"CHARSET", u"ENCODING", u"ALTID", u"VALUE"}),
+            (TextList{u"VALUE", u"ENCODING", u"TYPE", u"ALTID", u"CHARSET", u"X-A"}));
+  EXPECT_EQ(parameterOrder({u"type", u"Type"}), TextList{u"TYPE"});
+  EXPECT_EQ(parameterOrder({}), TextList{});
+}
+
+TEST(Order, sortsNamesInPlace) {
+  std::vector<TextView> names = {u"b", u"TEL", u"a", u"N"};
+  sortPropertyNames(names);
+  EXPECT_EQ(names, (std::vector<TextView>{u"N", u"TEL", u"a", u"b"}));
+  names = {u"b", u"TYPE", u"a", u"VALUE"};
+  sortParameterNames(names);
+  EXPECT_EQ(names, (std::vector<TextView>{u"VALUE", u"TYPE", u"a", u"b"}));
+}
+
+} // namespace
+} // namespace cardwright
