@@ -14,6 +14,8 @@ if(CARDWRIGHT_SANITIZE)
   add_compile_options(-fsanitize=${CARDWRIGHT_SANITIZE} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${CARDWRIGHT_SANITIZE})
+  set(ignorelist ${CMAKE_CURRENT_LIST_DIR}/sanitizer-ignorelist.txt)
+  add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,Clang>:-fsanitize-ignorelist=${ignorelist}>)
 endif()
 
 # A fuzzer learns from the branches that its input takes, in the library too.
