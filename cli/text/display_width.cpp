@@ -49,7 +49,7 @@ std::size_t columnsOfCharacter(TextView character) {
   std::size_t at = 0;
   while (at < character.size()) {
     UChar32 codePoint = 0;
-    U16_NEXT(character.data(), at, character.size(), codePoint);
+    U16_NEXT(character, at, character.size(), codePoint);
     if (codePoint == kEmojiPresentation) {
       return kEmojiColumns;
     }
@@ -95,7 +95,7 @@ bool isWideThroughout(TextView text) {
   std::size_t at = 0;
   while (at < text.size()) {
     UChar32 codePoint = 0;
-    U16_NEXT(text.data(), at, text.size(), codePoint);
+    U16_NEXT(text, at, text.size(), codePoint);
     if (!isWide(codePoint)) {
       return false;
     }
