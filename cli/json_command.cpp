@@ -1,19 +1,18 @@
 #include "commands.h"
 #include "io/card_source.h"
 #include "json/card_json.h"
+#include "reading_options.h"
 
 #include <CLI/CLI.hpp>
 
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace cardwright::tool {
 
 namespace {
 
 struct JsonOptions {
-  std::vector<std::string> files;
+  ReadingOptions reading;
   bool isPretty = false;
 };
 
@@ -28,13 +27,14 @@ constexpr const char* kExamples =
 
 void writeJson(const JsonOptions& options, const Session& session) {
   const auto writer = makeCardJsonWriter(session.output, options.isPretty);
-  forEachCardFile(options.files, session.diagnostics, [&](const CardFile& file) {
+  forEachCardFile(options.reading, session.diagnostics, [&](const CardFile& file) {
     for (const auto& card : file.cards) {
       writer->writeCard(file.path, *card);
       if (!session.output.isOpen()) {
         return false;
       }
     }
+    writer->addRepairs(file.path, file.repairs);
     return true;
   });
   writer->finish();
@@ -46,8 +46,7 @@ void addJsonCommand(CLI::App& app, const Session& session) {
   const auto options = std::make_shared<JsonOptions>();
   CLI::App* const command = app.add_subcommand("json", "Write cards as JSON for programs");
   command->group(kCommandGroup);
-  command->add_option("FILE", options->files, "Files to read; '-' or none is standard input")
-      ->type_name("");
+  addReadingOptions(*command, options->reading);
   command->add_flag("--pretty", options->isPretty, "Indent the output");
   command->footer(kExamples);
   command->callback([options, session] { writeJson(*options, session); });

@@ -2,20 +2,20 @@
 #include "io/card_source.h"
 #include "io/input.h"
 #include "io/terminal.h"
+#include "reading_options.h"
 #include "view/card_printer.h"
 
 #include <CLI/CLI.hpp>
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace cardwright::tool {
 
 namespace {
 
 struct ShowOptions {
-  std::vector<std::string> files;
+  ReadingOptions reading;
   ColorWish color = ColorWish::automatic;
 };
 
@@ -24,6 +24,7 @@ constexpr const char* kExamples =
     "  cardwright show contacts.vcf\n"
     "  cardwright show family.vcf friends.vcf\n"
     "  cardwright show --color=always contacts.vcf | less -R\n"
+    "  cardwright show --encoding=windows-1252 old-phone.vcf\n"
     "  curl -s https://example.org/me.vcf | cardwright show\n"
     "\n"
     "Colour is used on a terminal, unless NO_COLOR is set in the environment.\n"
@@ -46,8 +47,8 @@ void show(const ShowOptions& options, const Session& session) {
   Output& output = session.output;
   CardPrinter printer(output, {wantsColor(options.color, output.descriptor()),
                                terminalColumns(output.descriptor())});
-  forEachCardFile(options.files, session.diagnostics, [&](const CardFile& file) {
-    if (options.files.size() > 1 && !file.cards.empty()) {
+  forEachCardFile(options.reading, session.diagnostics, [&](const CardFile& file) {
+    if (options.reading.files.size() > 1 && !file.cards.empty()) {
       printer.printFileName(displayName(file.path));
     }
     CardNames names(file.cards);
@@ -67,8 +68,7 @@ void addShowCommand(CLI::App& app, const Session& session) {
   const auto options = std::make_shared<ShowOptions>();
   CLI::App* const command = app.add_subcommand("show", "Show cards as people read them");
   command->group(kCommandGroup);
-  command->add_option("FILE", options->files, "Files to read; '-' or none is standard input")
-      ->type_name("");
+  addReadingOptions(*command, options->reading);
   command
       ->add_option_function<std::string>(
           "--color", [options](const std::string& wish) { options->color = colorWish(wish); },

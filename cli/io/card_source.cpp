@@ -9,6 +9,30 @@ namespace cardwright::tool {
 
 namespace {
 
+/// "3 bytes dropped that are not UTF-8"
+std::string droppedBytesText(const DecodingReport& decoding) {
+  return std::to_string(decoding.droppedBytes) + (decoding.droppedBytes == 1 ? " byte" : " bytes") +
+         " dropped that " + (decoding.droppedBytes == 1 ? "is" : "are") + " not " +
+         decoding.encoding;
+}
+
+void noteDroppedBytes(const CardFile& file, const DecodingReport& decoding,
+                      Diagnostics& diagnostics) {
+  if (decoding.droppedBytes != 0) {
+    diagnostics.note(displayName(file.path), droppedBytesText(decoding));
+  }
+}
+
+/// What was repaired, the decoding first.
+std::vector<std::string> repairsOf(const ReadReport& report) {
+  std::vector<std::string> repairs;
+  if (report.decoding.droppedBytes != 0) {
+    repairs.push_back(droppedBytesText(report.decoding));
+  }
+  repairs.insert(repairs.end(), report.summaries.begin(), report.summaries.end());
+  return repairs;
+}
+
 /// Says what was lost between the cards of a file and the reader, in one line.
 void noteDroppedLines(const CardFile& file, const ReadReport& report, Diagnostics& diagnostics) {
   constexpr std::size_t kShown = 3;
@@ -43,17 +67,19 @@ void noteDroppedLines(const CardFile& file, const ReadReport& report, Diagnostic
 
 } // namespace
 
-void forEachCardFile(const std::vector<std::string>& paths, Diagnostics& diagnostics,
+void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
                      const std::function<bool(const CardFile&)>& use) {
   static const std::vector<std::string> kOnlyStandardInput{std::string(kStandardInput)};
-  for (const std::string& path : paths.empty() ? kOnlyStandardInput : paths) {
+  for (const std::string& path : options.files.empty() ? kOnlyStandardInput : options.files) {
     auto bytes = readFile(path, diagnostics);
     if (!bytes) {
       continue;
     }
     ReadReport report;
-    const CardFile file{path, readCards(*bytes, &report)};
+    CardFile file{path, readCards(*bytes, &report, options.read), {}};
     bytes.reset(); // the cards hold what they need
+    noteDroppedBytes(file, report.decoding, diagnostics);
+    file.repairs = repairsOf(report);
     if (file.cards.empty()) {
       diagnostics.note(displayName(path), "no cards in it");
     } else {

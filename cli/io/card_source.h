@@ -1,8 +1,7 @@
 #pragma once
 
 #include "io/diagnostics.h"
-
-#include <cardwright/face.h>
+#include "reading_options.h"
 
 #include <functional>
 #include <string>
@@ -14,12 +13,13 @@ namespace cardwright::tool {
 struct CardFile {
   std::string path; ///< kStandardInput for standard input
   VCardList cards;
+  std::vector<std::string> repairs; ///< one line for each, in UTF-8
 };
 
 /// Reads files one after the other, standard input where there is none, and hands on the cards of
 /// each. A file that cannot be read is told and passed over.
 /// @param use returns whether to go on
-void forEachCardFile(const std::vector<std::string>& paths, Diagnostics& diagnostics,
+void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
                      const std::function<bool(const CardFile&)>& use);
 
 } // namespace cardwright::tool

@@ -21,6 +21,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace cardwright::tool {
 
@@ -121,10 +122,24 @@ class CardJsonWriterOn final : public CardJsonWriter {
     m_json.EndObject();
   }
 
+  void addRepairs(std::string_view file, const std::vector<std::string>& summaries) override {
+    for (const std::string& summary : summaries) {
+      m_repairs.push_back({std::string(file), summary});
+    }
+  }
+
   void finish() override {
     m_json.EndArray();
     key("repairs");
     m_json.StartArray();
+    for (const auto& [file, summary] : m_repairs) {
+      m_json.StartObject();
+      key("file");
+      string(TextView(textFromUtf8(file)));
+      key("summary");
+      string(TextView(textFromUtf8(summary)));
+      m_json.EndObject();
+    }
     m_json.EndArray();
     m_json.EndObject();
     m_output.put('\n');
@@ -132,6 +147,11 @@ class CardJsonWriterOn final : public CardJsonWriter {
 
  private:
   using Slot = std::optional<TextList>;
+
+  struct Repair {
+    std::string file;
+    std::string summary;
+  };
 
   void writeProperty(const VCardProperty& property) {
     const auto value = property.value();
@@ -316,6 +336,7 @@ class CardJsonWriterOn final : public CardJsonWriter {
   Output& m_output;
   JsonStream m_stream;
   Writer m_json;
+  std::vector<Repair> m_repairs;
   std::string m_utf8; ///< kept for its room
 };
 

@@ -5,7 +5,9 @@
 #include <cardwright/vcard.h>
 
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace cardwright::tool {
 
@@ -17,7 +19,9 @@ class CardJsonWriter {
   virtual ~CardJsonWriter() = default;
 
   virtual void writeCard(std::string_view file, const VCard& card) = 0;
-  /// Closes the object.
+  /// Keeps what was repaired in a file until the end.
+  virtual void addRepairs(std::string_view file, const std::vector<std::string>& summaries) = 0;
+  /// Writes the repairs and closes the object.
   virtual void finish() = 0;
 
  protected:

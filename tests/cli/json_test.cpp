@@ -179,6 +179,35 @@ TEST(Json, namesTheFileOfEachCard) {
   EXPECT_EQ(document["cards"][1]["file"].GetString(), second);
 }
 
+TEST(Json, tellsWhatWasRepaired) {
+  const std::string text =
+      "BEGIN:VCARD\r\nTEL:+1 555 0100EMAIL:x\r\nNOTE:a&#13;&#10;b\r\nEND:VCARD\r\n";
+  const TemporaryFolder folder;
+  const std::string file = folder.write("a.vcf", "BEGIN:VCARD\r\nNOTE:a&#10;b\r\nEND:VCARD\r\n");
+  const auto repairs = [](const Invocation& invocation) {
+    const std::string output = runTool(invocation).output;
+    return output.substr(output.find("\"repairs\""));
+  };
+  EXPECT_EQ(repairs({{"json", "-", file}, text}),
+            "\"repairs\":["
+            R"({"file":"-","summary":"Split merged properties starting at TEL"},)"
+            R"({"file":"-","summary":"NOTE: decoded numeric entities"},)"
+            R"({"file":")" +
+                file + R"(","summary":"NOTE: decoded numeric entities"}]})" + "\n");
+  EXPECT_EQ(repairs({{"json", "--no-clean"}, text}), "\"repairs\":[]}\n");
+}
+
+TEST(Json, countsDroppedBytesAmongTheRepairs) {
+  const Outcome outcome =
+      runTool({{"json"}, "BEGIN:VCARD\r\nFN:Zo\xC3\xAB \xE9\x99\xB3\xFF\r\nEND:VCARD\r\n"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.errors, "cardwright: standard input: 1 byte dropped that is not UTF-8\n");
+  EXPECT_NE(outcome.output.find(
+                R"("repairs":[{"file":"-","summary":"1 byte dropped that is not UTF-8"}]})"),
+            std::string::npos)
+      << outcome.output;
+}
+
 TEST(Json, holdsTheWholeExampleAddressBook) {
   for (const std::string option : {"--pretty", "--"}) {
     const Outcome outcome = runTool({{"json", option, sourcePath("examples/contacts.vcf")}, ""});

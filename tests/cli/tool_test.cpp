@@ -33,6 +33,32 @@ TEST(Tool, takesAByteOrderMarkForNoText) {
   EXPECT_EQ(runTool({{"show"}, "\xEF\xBB\xBF" + std::string(kCard)}).output, kShown);
 }
 
+TEST(Tool, tellsTheEncodingFromTheBytesOrIsTold) {
+  const auto heading = [](const std::vector<std::string>& arguments, const std::string& text) {
+    const Outcome outcome = runTool({arguments, text});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    return outcome.output.substr(0, outcome.output.find('\n'));
+  };
+  const std::string legacy = "BEGIN:VCARD\r\nFN:J\xFCrgen\r\nEND:VCARD\r\n";
+  EXPECT_EQ(heading({"show"}, legacy), "Jürgen");
+  EXPECT_EQ(heading({"show", "--encoding", "koi8-r"}, legacy), "JЭrgen");
+
+  std::string wide = "\xFF\xFE";
+  for (const char byte : kCard) {
+    wide.append({byte, '\0'});
+  }
+  EXPECT_EQ(heading({"show"}, wide), "Ada");
+}
+
+TEST(Tool, leavesDamageWhenAsked) {
+  const std::string text = "BEGIN:VCARD\r\nFN:Ada\r\nTEL:+1 555 0100EMAIL:x\r\nEND:VCARD\r\n";
+  EXPECT_EQ(runTool({{"show"}, text}).output,
+            "Ada\n  Phone          +1 555 0100\n  Email          x\n  vCard version  3.0\n");
+  EXPECT_EQ(runTool({{"show", "--no-clean"}, text}).output,
+            "Ada\n  Phone          +1 555 0100EMAIL:x\n  vCard version  3.0\n");
+}
+
 TEST(Tool, tellsWhatCannotBeReadAndGoesOn) {
   const TemporaryFolder folder;
   const std::string file = folder.write("a.vcf", kCard);
@@ -145,6 +171,8 @@ TEST(Tool, tellsWrongUsageFromFailure) {
        "cardwright: there is no option '--colour'; see 'cardwright show --help'\n"},
       {{"show", "--color=red"},
        "cardwright: --color: 'red' is not auto, always or never; see 'cardwright show --help'\n"},
+      {{"json", "--encoding", "nix"},
+       "cardwright: --encoding: no encoding is called 'nix'; see 'cardwright json --help'\n"},
       {{"json", "-p"}, "cardwright: there is no option '-p'; see 'cardwright json --help'\n"},
       {{"\x1B[31m"}, "cardwright: there is no command '␛[31m'; see 'cardwright --help'\n"},
   };

@@ -41,11 +41,12 @@ TEST_F(LineWrapperTest, bearsTextThatIsNoUnicode) {
 }
 
 TEST_F(LineWrapperTest, losesNothingButBlanksAtBreaks) {
-  const Text line = u"Отвечает на письма  по вечерам 👨‍👩‍👧‍👦 "
-                    u"每年春天 "
-                    u"abc-def "
-                    u"๑๒๓ "
-                    u"ศิริพร";
+  const Text line =
+      u"Отвечает на письма  по вечерам 👨‍👩‍👧‍👦 "
+      u"每年春天 "
+      u"abc-def "
+      u"๑๒๓ "
+      u"ศิริพร";
   for (std::size_t columns = 1; columns < 70; ++columns) {
     Text together;
     for (const TextView piece : m_wrapper.wrap(line, columns)) {

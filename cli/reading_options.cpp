@@ -1,0 +1,31 @@
+#include "reading_options.h"
+
+#include <CLI/CLI.hpp>
+
+namespace cardwright::tool {
+
+namespace {
+
+std::string knownEncoding(const std::string& name) {
+  if (!isKnownEncoding(name)) {
+    throw CLI::ValidationError("--encoding", "no encoding is called '" + name + "'");
+  }
+  return name;
+}
+
+} // namespace
+
+void addReadingOptions(CLI::App& command, ReadingOptions& options) {
+  command.add_option("FILE", options.files, "Files to read; '-' or none is standard input")
+      ->type_name("");
+  command
+      .add_option_function<std::string>(
+          "--encoding",
+          [&](const std::string& name) { options.read.encoding = knownEncoding(name); },
+          "Encoding of the files; without it, the bytes tell")
+      ->type_name("NAME");
+  command.add_flag_callback(
+      "--no-clean", [&] { options.read.clean = false; }, "Do not repair what is damaged");
+}
+
+} // namespace cardwright::tool
