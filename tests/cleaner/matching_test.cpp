@@ -51,7 +51,7 @@ std::string printed(TextView text) {
 
 Text textOf(char32_t codePoint) {
   if (codePoint < 0x10000) {
-    return Text(1, static_cast<char16_t>(codePoint));
+    return {static_cast<char16_t>(codePoint)};
   }
   return {static_cast<char16_t>(0xD7C0U + (codePoint >> 10U)),
           static_cast<char16_t>(0xDC00U + (codePoint & 0x3FFU))};
