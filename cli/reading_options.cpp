@@ -15,15 +15,18 @@ std::string knownEncoding(const std::string& name) {
 
 } // namespace
 
+void addEncodingOption(CLI::App& command, std::optional<std::string>& encoding) {
+  command
+      .add_option_function<std::string>(
+          "--encoding", [&](const std::string& name) { encoding = knownEncoding(name); },
+          "Encoding of the files; without it, the bytes tell")
+      ->type_name("NAME");
+}
+
 void addReadingOptions(CLI::App& command, ReadingOptions& options) {
   command.add_option("FILE", options.files, "Files to read; '-' or none is standard input")
       ->type_name("");
-  command
-      .add_option_function<std::string>(
-          "--encoding",
-          [&](const std::string& name) { options.read.encoding = knownEncoding(name); },
-          "Encoding of the files; without it, the bytes tell")
-      ->type_name("NAME");
+  addEncodingOption(command, options.read.encoding);
   command.add_flag_callback(
       "--no-clean", [&] { options.read.clean = false; }, "Do not repair what is damaged");
 }

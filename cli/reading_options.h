@@ -2,6 +2,7 @@
 
 #include <cardwright/face.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,11 @@ struct ReadingOptions {
   ReadOptions read;
 };
 
-/// Adds them to a command.
+/// Adds --encoding to a command.
+/// @param encoding outlives the command line
+void addEncodingOption(CLI::App& command, std::optional<std::string>& encoding);
+
+/// Adds all of them to a command.
 /// @param options outlives the command line
 void addReadingOptions(CLI::App& command, ReadingOptions& options);
 

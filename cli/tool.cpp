@@ -18,11 +18,15 @@ constexpr const char* kExamples =
     "Examples:\n"
     "  cardwright show contacts.vcf           the cards of a file, for people\n"
     "  cardwright json contacts.vcf           the same cards, for programs\n"
+    "  cardwright write --to 3.0 contacts.vcf\n"
+    "                                         the same cards, written anew\n"
+    "  cardwright clean contacts.vcf          the same text, repaired\n"
     "  unzip -p backup.zip a.vcf | cardwright show\n"
     "                                         without a file, standard input is read\n"
     "  cardwright show --help                 more about one command\n"
     "\n"
-    "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage.";
+    "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage,\n"
+    "3 'clean --check' found something to repair.";
 
 /// Where to read on: the page of help of the command that was meant.
 std::string helpHint(const CLI::App& app) {
@@ -64,13 +68,13 @@ void parse(CLI::App& app, int argc, char** argv, const Session& session) {
 
 ExitStatus run(int argc, char** argv) {
   // Whoever reads our output may stop at any time; that shows when writing, and kills nobody.
-  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  std::signal(SIGPIPE, SIG_IGN);
 
   Output output(STDOUT_FILENO);
   Diagnostics diagnostics(output);
   const Session session{output, diagnostics};
   try {
-    CLI::App app("Cardwright reads vCards of every version, however damaged.", "cardwright");
+    CLI::App app("Cardwright reads, repairs and writes vCards of every version.", "cardwright");
     app.set_version_flag("--version", "cardwright " CARDWRIGHT_TOOL_VERSION, "Print the version");
     app.set_help_flag("-h,--help", "Print this help");
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -79,6 +83,8 @@ ExitStatus run(int argc, char** argv) {
     app.require_subcommand(1);
     addShowCommand(app, session);
     addJsonCommand(app, session);
+    addWriteCommand(app, session);
+    addCleanCommand(app, session);
     parse(app, argc, argv, session);
   } catch (const std::bad_alloc&) {
     diagnostics.error({}, "not enough memory");

@@ -1,6 +1,7 @@
 #include "io/card_source.h"
 
 #include "io/input.h"
+#include "io/repair_notes.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -8,30 +9,6 @@
 namespace cardwright::tool {
 
 namespace {
-
-/// "3 bytes dropped that are not UTF-8"
-std::string droppedBytesText(const DecodingReport& decoding) {
-  return std::to_string(decoding.droppedBytes) + (decoding.droppedBytes == 1 ? " byte" : " bytes") +
-         " dropped that " + (decoding.droppedBytes == 1 ? "is" : "are") + " not " +
-         decoding.encoding;
-}
-
-void noteDroppedBytes(const CardFile& file, const DecodingReport& decoding,
-                      Diagnostics& diagnostics) {
-  if (decoding.droppedBytes != 0) {
-    diagnostics.note(displayName(file.path), droppedBytesText(decoding));
-  }
-}
-
-/// What was repaired, the decoding first.
-std::vector<std::string> repairsOf(const ReadReport& report) {
-  std::vector<std::string> repairs;
-  if (report.decoding.droppedBytes != 0) {
-    repairs.push_back(droppedBytesText(report.decoding));
-  }
-  repairs.insert(repairs.end(), report.summaries.begin(), report.summaries.end());
-  return repairs;
-}
 
 /// Says what was lost between the cards of a file and the reader, in one line.
 void noteDroppedLines(const CardFile& file, const ReadReport& report, Diagnostics& diagnostics) {
@@ -78,8 +55,10 @@ void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
     ReadReport report;
     CardFile file{path, readCards(*bytes, &report, options.read), {}};
     bytes.reset(); // the cards hold what they need
-    noteDroppedBytes(file, report.decoding, diagnostics);
-    file.repairs = repairsOf(report);
+    file.repairs = repairNotes(report.decoding, report.summaries);
+    for (const std::string& repair : file.repairs) {
+      diagnostics.note(displayName(path), repair);
+    }
     if (file.cards.empty()) {
       diagnostics.note(displayName(path), "no cards in it");
     } else {

@@ -28,6 +28,12 @@ void Diagnostics::wrongUsage(std::string_view message) {
   print({}, message);
 }
 
+void Diagnostics::found() noexcept {
+  if (m_status == ExitStatus::done) {
+    m_status = ExitStatus::found;
+  }
+}
+
 void Diagnostics::print(std::string_view file, std::string_view message) {
   m_output.flush();
   std::string line = "cardwright: ";

@@ -22,6 +22,9 @@ class Diagnostics {
   /// The command line could not be understood.
   void wrongUsage(std::string_view message);
 
+  /// What was to be looked for is there. A failure weighs more.
+  void found() noexcept;
+
   [[nodiscard]] ExitStatus status() const noexcept { return m_status; }
 
  private:

@@ -1,0 +1,17 @@
+#include "io/repair_notes.h"
+
+namespace cardwright::tool {
+
+std::vector<std::string> repairNotes(const DecodingReport& decoding,
+                                     const std::vector<std::string>& summaries) {
+  std::vector<std::string> notes;
+  if (decoding.droppedBytes != 0) {
+    const bool isOne = decoding.droppedBytes == 1;
+    notes.push_back(std::to_string(decoding.droppedBytes) + (isOne ? " byte" : " bytes") +
+                    " dropped that " + (isOne ? "is" : "are") + " not " + decoding.encoding);
+  }
+  notes.insert(notes.end(), summaries.begin(), summaries.end());
+  return notes;
+}
+
+} // namespace cardwright::tool

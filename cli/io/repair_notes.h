@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cardwright/decode.h>
+
+#include <string>
+#include <vector>
+
+namespace cardwright::tool {
+
+/// What was repaired in a file, one line for each repair, the decoding first: "3 bytes dropped that
+/// are not UTF-8".
+[[nodiscard]] std::vector<std::string> repairNotes(const DecodingReport& decoding,
+                                                   const std::vector<std::string>& summaries);
+
+} // namespace cardwright::tool

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "io/diagnostics.h"
+
+#include <string>
+#include <string_view>
+
+namespace cardwright::tool {
+
+/// Puts new content into a file, all of it or nothing: it is written beside the file, flushed to
+/// disk and moved into its place. A link is followed, and an existing file keeps its mode and, as
+/// far as that is allowed, its owner. What goes wrong is said.
+class Replacement {
+ public:
+  /// Begins; nothing of the file itself is touched yet.
+  Replacement(const std::string& path, Diagnostics& diagnostics);
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+  /// Lets everything written go, unless it was committed.
+  ~Replacement();
+
+  /// Whether there is something to write to.
+  [[nodiscard]] bool isOpen() const noexcept { return m_descriptor >= 0; }
+  [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
+
+  /// Puts what was written to the descriptor in place.
+  /// @param backup path that the file is kept under; empty for none
+  /// @returns whether that worked
+  bool commit(const std::string& backup = {});
+
+ private:
+  void fail(int error);
+
+  std::string m_path;   ///< as it was given
+  std::string m_target; ///< what it leads to
+  std::string m_temporary;
+  int m_descriptor = -1;
+  Diagnostics& m_diagnostics;
+};
+
+/// Replaces a file by these bytes.
+bool replaceFile(const std::string& path, std::string_view bytes, Diagnostics& diagnostics,
+                 const std::string& backup = {});
+
+} // namespace cardwright::tool
