@@ -2,8 +2,8 @@
 #include "cardwright/utf8.h"
 #include "cardwright/vcard_utilities.h"
 #include "cardwright/vcard_utils.h"
-#include "support/growth.h"
 #include "support/kept_memory.h"
+#include "support/time_growth.h"
 
 #include <gtest/gtest.h>
 
@@ -29,8 +29,8 @@ String repeated(const String& piece, std::size_t count, const String& end) {
 
 /// Runs an operation over 1, 2 and 4 MB of a piece.
 template <typename String>
-void expectLinear(const std::string& name, const String& piece, const String& end,
-                  const std::function<void(const String&)>& operation) {
+void expectLinearGrowth(const std::string& name, const String& piece, const String& end,
+                        const std::function<void(const String&)>& operation) {
   // An even number of pieces, or one size could look like UTF-16 and its double not.
   const std::size_t count = kMegabyte / piece.size() / 2 * 2;
   for (const std::size_t few : {count, 2 * count}) {
@@ -38,12 +38,12 @@ void expectLinear(const std::string& name, const String& piece, const String& en
     const String large = repeated(piece, 2 * few, end);
     const auto runSmall = [&] { operation(small); };
     const auto runLarge = [&] { operation(large); };
-    if (timeOf(runLarge) < 0.0005) {
+    if (secondsOf(runLarge) < 0.0005) {
       continue; // Too little to measure.
     }
-    double ratio = growth(runSmall, runLarge, kLimit);
+    double ratio = growthBetween(runSmall, runLarge, kLimit);
     for (int attempt = 0; attempt < 3 && ratio >= kLimit; ++attempt) {
-      ratio = growth(runSmall, runLarge, kLimit); // The machine was busy.
+      ratio = growthBetween(runSmall, runLarge, kLimit); // The machine was busy.
     }
     EXPECT_LT(ratio, kLimit) << name << " of " << testing::PrintToString(piece) << " from " << few;
   }
@@ -107,7 +107,7 @@ const TextOperation kTextOperations[] = {
 };
 
 TEST(CodecGrowth, isLinearInHostileText) {
-  if (kTimesMeanNothing) {
+  if (!kTimesAreMeaningful) {
     GTEST_SKIP() << "times mean nothing here";
   }
   keepMemory();
@@ -117,7 +117,7 @@ TEST(CodecGrowth, isLinearInHostileText) {
                          u" ,",  u"\r\u0001", u"\u0301", Text(1, 0), high};
   for (const TextOperation& operation : kTextOperations) {
     for (const Text& piece : pieces) {
-      expectLinear<Text>(operation.name, piece, u"", operation.run);
+      expectLinearGrowth<Text>(operation.name, piece, u"", operation.run);
     }
   }
 }
@@ -141,7 +141,7 @@ const BytesOperation kBytesOperations[] = {
 };
 
 TEST(CodecGrowth, isLinearInHostileBytes) {
-  if (kTimesMeanNothing) {
+  if (!kTimesAreMeaningful) {
     GTEST_SKIP() << "times mean nothing here";
   }
   keepMemory();
@@ -150,7 +150,7 @@ TEST(CodecGrowth, isLinearInHostileBytes) {
   for (const BytesOperation& operation : kBytesOperations) {
     for (const std::string& piece : pieces) {
       for (const char* end : {"", "\xE9"}) {
-        expectLinear<std::string>(operation.name, piece, end, operation.run);
+        expectLinearGrowth<std::string>(operation.name, piece, end, operation.run);
       }
     }
   }
