@@ -24,27 +24,48 @@ bool isUnchangedByCharset(TextView text, std::optional<TextView> name) {
   return text.find(u'\0') == TextView::npos;
 }
 
-std::optional<CodedText> changed(std::optional<Text> text) {
-  return text ? std::optional(CodedText::changed(*std::move(text))) : std::nullopt;
-}
-
 /// Reads the units of an ASCII text as bytes in the charset.
 std::optional<CodedText> decodedInCharset(CodedText text, TextView charset) {
   const TextView units = text.view();
   if (!std::all_of(units.begin(), units.end(), isAscii) || isUnchangedByCharset(units, charset)) {
     return text;
   }
-  return changed(VCardUtilities::stringFromData(std::string(units.begin(), units.end()), charset));
+  std::optional<Text> decoded =
+      VCardUtilities::stringFromData(std::string(units.begin(), units.end()), charset);
+  return decoded ? std::optional(CodedText::changed(*std::move(decoded))) : std::nullopt;
+}
+
+/// Whether a decoded text has lost the CR of line breaks that its source spelled as CR LF.
+bool lacksCarriageReturns(TextView decoded, TextView source) {
+  return decoded.find(u'\n') != TextView::npos && decoded.find(u"\r\n") == TextView::npos &&
+         findIgnoringCase(source, u"=0d=0a").has_value();
+}
+
+Text withCarriageReturns(TextView text) {
+  Text result;
+  result.reserve(text.size() + text.size() / 16);
+  for (const char16_t unit : text) {
+    if (unit == u'\n') {
+      result.push_back(u'\r');
+    }
+    result.push_back(unit);
+  }
+  return result;
 }
 
 std::optional<CodedText> decodedQuotedPrintable(CodedText text, std::optional<TextView> charset,
                                                 TextView source) {
-  const std::optional<std::string> bytes = quotedPrintableBytes(text.view());
-  if (!bytes) {
-    return text;
+  if (const std::optional<std::string> bytes = quotedPrintableBytes(text.view())) {
+    std::optional<Text> decoded = VCardUtilities::stringFromData(*bytes, charset);
+    if (!decoded) {
+      return std::nullopt;
+    }
+    text = CodedText::changed(*std::move(decoded));
   }
-  return changed(
-      VCardUtils::normalizedDecodedString(VCardUtilities::stringFromData(*bytes, charset), source));
+  if (lacksCarriageReturns(text.view(), source)) {
+    return CodedText::changed(withCarriageReturns(text.view()));
+  }
+  return text;
 }
 
 } // namespace
@@ -99,19 +120,8 @@ std::optional<Text> VCardUtils::normalizedDecodedString(std::optional<TextView> 
   if (!decoded) {
     return std::nullopt;
   }
-  if (decoded->find(u'\n') == TextView::npos || decoded->find(u"\r\n") != TextView::npos ||
-      !findIgnoringCase(source.value_or(TextView()), u"=0d=0a")) {
-    return Text(*decoded);
-  }
-  Text normalized;
-  normalized.reserve(decoded->size() + decoded->size() / 16);
-  for (const char16_t unit : *decoded) {
-    if (unit == u'\n') {
-      normalized.push_back(u'\r');
-    }
-    normalized.push_back(unit);
-  }
-  return normalized;
+  return source && lacksCarriageReturns(*decoded, *source) ? withCarriageReturns(*decoded)
+                                                           : Text(*decoded);
 }
 
 void VCardUtils::trimQuotedPrintableSoftBreakSuffixFromLine(Text& line,

@@ -77,6 +77,8 @@ TEST(DecodeTextValue, makesLineFeedsThatWereWrittenAsPairsPairsAgain) {
   EXPECT_EQ(decoded(u"=0a=0d=0ax=0Ay"), u"0a0d0ax\r\ny");
   EXPECT_EQ(decoded(u"=0d\\=0a=0A"), u"0d0a\n");
   EXPECT_EQ(decoded(u"a=0D=0Ab\\nc"), u"a\r\nb\nc");
+  // Text outside ASCII is not decoded, but its line feeds are looked at.
+  EXPECT_EQ(decoded(u"é=0D=0A\\n"), u"é=0D=0A\r\n");
 }
 
 TEST(DecodeTextValue, readsPlainAsciiInTheCharset) {
@@ -183,6 +185,7 @@ TEST(NormalizedDecodedString, insertsCarriageReturns) {
 
 TEST(NormalizedDecodedString, leavesTheTextAloneOtherwise) {
   EXPECT_EQ(VCardUtils::normalizedDecodedString(std::nullopt, u"=0D=0A"), std::nullopt);
+  EXPECT_EQ(VCardUtils::normalizedDecodedString(u"a\nb", std::nullopt), u"a\nb");
   EXPECT_EQ(VCardUtils::normalizedDecodedString(u"a\nb", u"a=0Ab"), u"a\nb");
   EXPECT_EQ(VCardUtils::normalizedDecodedString(u"a\nb", u"=0D =0A"), u"a\nb");
   EXPECT_EQ(VCardUtils::normalizedDecodedString(u"a\r\nb\nc", u"=0D=0A"), u"a\r\nb\nc");
