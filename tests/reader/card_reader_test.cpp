@@ -222,8 +222,14 @@ TEST(ReadCards, survivesBytesThatAreNoText) {
   static_cast<void>(readCards(bytes));
   EXPECT_TRUE(readCards("").empty());
   EXPECT_TRUE(readCards(std::string(1000, '\0')).empty());
-  EXPECT_EQ(readCards("FN:\xFF\xC3").at(0)->propertiesWithName(u"FN")->front()->textValue(),
-            u"\uFFFD\uFFFD");
+}
+
+TEST(ReadCards, takesBytesForWhatTheyLookLike) {
+  const auto nameIn = [](std::string_view bytes) {
+    return Text(readCards(bytes).at(0)->propertiesWithName(u"FN")->front()->textValue().value());
+  };
+  EXPECT_EQ(nameIn("FN:Ren\xE9"), u"Ren\u00E9");
+  EXPECT_EQ(nameIn("FN:\xC3\xA9\xC3\xA9\xFF"), u"\u00E9\u00E9");
 }
 
 } // namespace
