@@ -78,6 +78,7 @@ Channel makeTerminal(unsigned short columns) {
 
 std::vector<char*> pointers(std::vector<std::string>& strings) {
   std::vector<char*> result;
+  result.reserve(strings.size() + 1);
   for (std::string& string : strings) {
     result.push_back(string.data());
   }
@@ -146,7 +147,8 @@ int waitFor(pid_t child) {
 } // namespace
 
 Outcome runTool(const Invocation& invocation) {
-  std::signal(SIGPIPE, SIG_IGN); // a child that does not read its input is no failure of ours
+  // A child that does not read its input is no failure of ours.
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
   Channel input = makePipe();
   Channel errors = makePipe();
@@ -162,7 +164,7 @@ Outcome runTool(const Invocation& invocation) {
   arguments.insert(arguments.end(), invocation.arguments.begin(), invocation.arguments.end());
   std::vector<std::string> environment;
   for (const auto& [name, value] : invocation.environment) {
-    environment.push_back(name + "=" + value);
+    environment.push_back(std::string(name).append("=").append(value));
   }
   const auto argumentPointers = pointers(arguments);
   const auto environmentPointers = pointers(environment);
@@ -170,7 +172,7 @@ Outcome runTool(const Invocation& invocation) {
   const pid_t child = ::fork();
   check(child >= 0, "fork");
   if (child == 0) {
-    ::signal(SIGPIPE, SIG_DFL);
+    static_cast<void>(::signal(SIGPIPE, SIG_DFL));
     ::dup2(input.readEnd.number(), STDIN_FILENO);
     ::dup2(output.writeEnd.number(), STDOUT_FILENO);
     ::dup2(errors.writeEnd.number(), STDERR_FILENO);
