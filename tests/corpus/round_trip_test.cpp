@@ -1,0 +1,87 @@
+#include "cardwright/decode.h"
+#include "support/address_book.h"
+#include "support/corpus.h"
+#include "support/round_trip.h"
+#include "support/seed.h"
+#include "support/strange_cards.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <string>
+
+namespace cardwright {
+namespace {
+
+struct Tally {
+  std::size_t cards = 0;
+  std::size_t compared = 0;
+  std::size_t unwritable = 0;
+
+  void add(const RoundTrip& trip) {
+    ++cards;
+    compared += trip.isCompared ? 1 : 0;
+    unwritable += trip.unwritable;
+  }
+};
+
+std::ostream& operator<<(std::ostream& stream, const Tally& tally) {
+  return stream << tally.compared << " of " << tally.cards << " cards compared, without "
+                << tally.unwritable << " properties that cannot be written\n";
+}
+
+TEST(RoundTrip, keepsCardsOfTheCorpus) {
+  const auto files = corpusFiles();
+  if (!files) {
+    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
+    return;
+  }
+  Tally tally;
+  for (const auto& file : *files) {
+    SCOPED_TRACE(file.string());
+    const auto cards = VCard::vCardsFromString(decodeFile(bytesOf(file)));
+    for (const auto& card : cards.value()) {
+      const RoundTrip trip = roundTrip(*card);
+      tally.add(trip);
+      EXPECT_EQ(trip.surprises, "");
+    }
+  }
+  std::cout << tally;
+  EXPECT_GT(tally.compared, tally.cards * 9 / 10);
+}
+
+TEST(RoundTrip, keepsAllOfAnAddressBook) {
+  AddressBookOptions options;
+  options.cards = 20'000;
+  options.seed = testSeed();
+  Tally tally;
+  for (const auto& card : VCard::vCardsFromString(std::string_view(addressBook(options)))) {
+    const RoundTrip trip = roundTrip(*card);
+    tally.add(trip);
+    ASSERT_EQ(trip.surprises, "") << "card " << tally.cards << ", seed " << options.seed;
+  }
+  std::cout << tally;
+  EXPECT_EQ(tally.compared, options.cards);
+  EXPECT_EQ(tally.unwritable, 0U);
+}
+
+TEST(RoundTrip, changesStrangeCardsByTheRulesOnly) {
+  const std::uint64_t seed = testSeed();
+  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 20'000);
+  StrangeCards cards(seed);
+  Tally tally;
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const Text text = cards.card();
+    for (const auto& card : readUncleaned(text)) {
+      const RoundTrip trip = roundTrip(*card);
+      tally.add(trip);
+      ASSERT_EQ(trip.surprises, "")
+          << "card " << i << ", seed " << seed << ": " << ::testing::PrintToString(text);
+    }
+  }
+  std::cout << tally;
+  EXPECT_GT(tally.compared, tally.cards * 9 / 10);
+}
+
+} // namespace
+} // namespace cardwright
