@@ -53,9 +53,18 @@ Text withCarriageReturns(TextView text) {
   return result;
 }
 
+/// Whether a unit stands for itself in quoted-printable.
+bool isPlain(char16_t unit) {
+  return isAscii(unit) && unit != u'=' && unit != u'\0';
+}
+
 std::optional<CodedText> decodedQuotedPrintable(CodedText text, std::optional<TextView> charset,
                                                 TextView source) {
-  if (const std::optional<std::string> bytes = quotedPrintableBytes(text.view())) {
+  const TextView units = text.view();
+  if (std::all_of(units.begin(), units.end(), isPlain) && isUnchangedByCharset(units, charset)) {
+    return text;
+  }
+  if (const std::optional<std::string> bytes = quotedPrintableBytes(units)) {
     std::optional<Text> decoded = VCardUtilities::stringFromData(*bytes, charset);
     if (!decoded) {
       return std::nullopt;

@@ -38,7 +38,9 @@ void expectLinearGrowth(const std::string& name, const String& piece, const Stri
     const String large = repeated(piece, 2 * few, end);
     const auto runSmall = [&] { operation(small); };
     const auto runLarge = [&] { operation(large); };
-    if (secondsOf(runLarge) < 0.0005) {
+    const double begin = threadSeconds();
+    runLarge();
+    if (threadSeconds() - begin < 0.001) {
       continue; // Too little to measure.
     }
     double ratio = growthBetween(runSmall, runLarge, kLimit);
@@ -112,9 +114,8 @@ TEST(CodecGrowth, isLinearInHostileText) {
   }
   keepMemory();
   const Text high(1, char16_t{0xD800});
-  const Text pieces[] = {u"\\",  u"=",        u",",      u";",       u"^",
-                         u"\\,", u"=4",       u"=0D=0A", u"=\r\n",   u"\r\n",
-                         u" ,",  u"\r\u0001", u"\u0301", Text(1, 0), high};
+  const Text pieces[] = {u"\\", u"=",        u",",      u";",       u"^", u"=0D=0A",
+                         u" ,", u"\r\u0001", u"\u0301", Text(1, 0), high};
   for (const TextOperation& operation : kTextOperations) {
     for (const Text& piece : pieces) {
       expectLinearGrowth<Text>(operation.name, piece, u"", operation.run);

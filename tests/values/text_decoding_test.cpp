@@ -77,6 +77,7 @@ TEST(DecodeTextValue, makesLineFeedsThatWereWrittenAsPairsPairsAgain) {
   EXPECT_EQ(decoded(u"=0a=0d=0ax=0Ay"), u"0a0d0ax\r\ny");
   EXPECT_EQ(decoded(u"=0d\\=0a=0A"), u"0d0a\n");
   EXPECT_EQ(decoded(u"a=0D=0Ab\\nc"), u"a\r\nb\nc");
+  EXPECT_EQ(decoded(u"a\\nb"), u"a\nb");
   // Text outside ASCII is not decoded, but its line feeds are looked at.
   EXPECT_EQ(decoded(u"é=0D=0A\\n"), u"é=0D=0A\r\n");
 }
@@ -103,10 +104,12 @@ TEST(DecodedText, isTheTextItselfWhereNothingChanges) {
   for (const std::optional<TextView> charset :
        {std::optional<TextView>(), std::optional<TextView>(u"utf-8"),
         std::optional<TextView>(u"nonsense")}) {
-    const auto coded = decodedText(text, false, charset);
-    ASSERT_TRUE(coded);
-    EXPECT_TRUE(coded->isOriginal());
-    EXPECT_EQ(coded->view().data(), text.data());
+    for (const bool quotedPrintable : {false, true}) {
+      const auto coded = decodedText(text, quotedPrintable, charset);
+      ASSERT_TRUE(coded);
+      EXPECT_TRUE(coded->isOriginal());
+      EXPECT_EQ(coded->view().data(), text.data());
+    }
   }
   EXPECT_FALSE(decodedText(u"a\\n", false, std::nullopt)->isOriginal());
 }
