@@ -48,12 +48,11 @@ std::size_t walkCard(const cardwright::VCard& card) {
   return properties;
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+void read(std::string_view bytes, bool clean) {
+  cardwright::ReadOptions options;
+  options.clean = clean;
   cardwright::ReadReport report;
-  const cardwright::VCardList cards = cardwright::readCards(bytes, &report);
+  const cardwright::VCardList cards = cardwright::readCards(bytes, &report, options);
 
   std::size_t properties = 0;
   for (const auto& card : cards) {
@@ -62,8 +61,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   demand(report.cards == cards.size());
   // A card without a VERSION gets one, which is not counted.
   demand(report.properties <= properties && properties <= report.properties + cards.size());
+  cardwright::TextPlace last;
   for (const cardwright::DroppedLine& dropped : report.droppedLines) {
-    demand(dropped.reason != cardwright::DropReason::none && dropped.place.offset <= size);
+    demand(dropped.reason != cardwright::DropReason::none);
+    demand(dropped.place.offset >= last.offset && dropped.place.line >= last.line);
+    last = dropped.place;
   }
+  demand(report.summaries.empty() == report.repairs.empty());
+  demand(clean || report.repairs.empty());
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  read(bytes, false);
+  read(bytes, true);
   return 0;
 }

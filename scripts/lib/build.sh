@@ -15,12 +15,23 @@ configure() {
   touch "$stamp"
 }
 
-# build PRESET TARGET: says so when there is anything to build.
+# announceBuilding PRESET: reads what ninja says; one line when there is anything to build.
+announceBuilding() {
+  local line said=
+  while IFS= read -r line; do
+    if [[ -z $said && $line == '['*'] Building '* ]]; then
+      said=yes
+      say "building $1"
+    fi
+  done
+}
+
+# build PRESET TARGET
 build() {
   local preset=$1 target=$2 log=$logs/$1.log
   configure "$preset" || return
-  if ! cmake --build "$root/build/$preset" --target "$target" </dev/null 2>&1 | tee "$log" |
-    awk -v line="cardwright: building $preset" '/^\[.*\] Building/ && !said++ { print line }' >&2
+  if ! cmake --build "$root/build/$preset" --target "$target" </dev/null 2>&1 |
+    tee "$log" | announceBuilding "$preset"
   then
     sed '/^\[[0-9]*\/[0-9]*\] /d' "$log" | sed -n 1,50p >&2
     say "building $preset failed; all of it is in $log"
