@@ -91,7 +91,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   /// The version that a VERSION property states: the leading number of its text without its
   /// fraction, so 2 for "2.1". 0 for other properties, without a number, and for a number below
   /// zero or beyond 64 bits.
-  [[nodiscard]] std::uint64_t versionValue() const noexcept;
+  [[nodiscard]] std::uint64_t versionValue() const;
 
   /// The type name of the value class that a property of this name holds in a version.
   [[nodiscard]] TextView defaultTypeForVersion(VersionCode version) const noexcept;

@@ -50,7 +50,7 @@ std::optional<VCardPropertyList> VCard::propertiesWithName(TextView name,
   }
   VCardPropertyList matching;
   for (const std::shared_ptr<VCardProperty>& property : **list) {
-    if (property->group() && equalIgnoringCase(*property->group(), *group)) {
+    if (property != nullptr && property->group() && equalIgnoringCase(*property->group(), *group)) {
       matching.push_back(property);
     }
   }

@@ -67,9 +67,13 @@ void VCardProperty::addParameter(const std::shared_ptr<VCardParameter>& paramete
     m_parameters = std::make_unique<ParameterStore>();
   }
   const UpperCasedName key(parameter->name());
-  const std::shared_ptr<VCardParameter>* stored = m_parameters->find(key.view());
+  std::shared_ptr<VCardParameter>* stored = m_parameters->find(key.view());
   if (stored == nullptr) {
     m_parameters->add(nameStorage(key.view()), parameter);
+    return;
+  }
+  if (*stored == nullptr) {
+    *stored = parameter;
     return;
   }
   auto& values = (*stored)->m_values;
@@ -107,7 +111,7 @@ VCardParameterList VCardProperty::xParameters() const {
   VCardParameterList list;
   if (m_parameters != nullptr) {
     for (const auto& [key, parameter] : m_parameters->entries()) {
-      if (key.view().starts_with(u"X-")) {
+      if (parameter != nullptr && key.view().starts_with(u"X-")) {
         list.push_back(parameter);
       }
     }
@@ -133,7 +137,7 @@ std::optional<std::chrono::sys_seconds> VCardProperty::dateValue() const {
   return dateFromComponents(date->comps());
 }
 
-std::uint64_t VCardProperty::versionValue() const noexcept {
+std::uint64_t VCardProperty::versionValue() const {
   if (!equalIgnoringCase(name(), cVCardProperty_VERSION)) {
     return 0;
   }
