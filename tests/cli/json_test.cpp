@@ -3,13 +3,19 @@
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
+#include <stdexcept>
 #include <string>
 
 namespace cardwright::tool {
 namespace {
 
-/// RapidJSON's own allocator makes the static analyser see misaligned objects.
-using JsonDocument = rapidjson::GenericDocument<rapidjson::UTF8<>, rapidjson::CrtAllocator>;
+const rapidjson::Value& member(const rapidjson::Value& object, const char* name) {
+  const auto found = object.FindMember(name);
+  if (found == object.MemberEnd()) {
+    throw std::runtime_error(std::string("no member ") + name);
+  }
+  return found->value;
+}
 
 std::string json(const std::string& text) {
   const Outcome outcome = runTool({{"json"}, text});
@@ -165,10 +171,10 @@ TEST(Json, staysWholeWhenAFileCannotBeRead) {
   const Outcome outcome =
       runTool({{"json", "/does/not/exist", "-"}, "BEGIN:VCARD\r\nFN:x\r\nEND:VCARD\r\n"});
   EXPECT_EQ(outcome.status, 1);
-  JsonDocument document;
+  rapidjson::Document document;
   document.Parse(outcome.output.c_str());
   ASSERT_FALSE(document.HasParseError());
-  EXPECT_EQ(document["cards"].Size(), 1U);
+  EXPECT_EQ(member(document, "cards").Size(), 1U);
 }
 
 TEST(Json, namesTheFileOfEachCard) {
@@ -176,11 +182,12 @@ TEST(Json, namesTheFileOfEachCard) {
   const std::string first = folder.write("a\xFF\x1B.vcf", "BEGIN:VCARD\r\nFN:x\r\nEND:VCARD\r\n");
   const std::string second = folder.write("b.vcf", "BEGIN:VCARD\r\nFN:y\r\nEND:VCARD\r\n");
   const Outcome outcome = runTool({{"json", first, second}, ""});
-  JsonDocument document;
+  rapidjson::Document document;
   document.Parse<rapidjson::kParseValidateEncodingFlag>(outcome.output.c_str());
   ASSERT_FALSE(document.HasParseError());
-  EXPECT_EQ(document["cards"][0]["file"].GetString(), folder.path() + "/a\xEF\xBF\xBD\x1B.vcf");
-  EXPECT_EQ(document["cards"][1]["file"].GetString(), second);
+  EXPECT_EQ(member(member(document, "cards")[0], "file").GetString(),
+            folder.path() + "/a\xEF\xBF\xBD\x1B.vcf");
+  EXPECT_EQ(member(member(document, "cards")[1], "file").GetString(), second);
 }
 
 TEST(Json, tellsWhatWasRepaired) {
@@ -216,13 +223,13 @@ TEST(Json, holdsTheWholeExampleAddressBook) {
   for (const std::string option : {"--pretty", "--"}) {
     const Outcome outcome = runTool({{"json", option, sourcePath("examples/contacts.vcf")}, ""});
     EXPECT_EQ(outcome.status, 0);
-    JsonDocument document;
+    rapidjson::Document document;
     document.Parse<rapidjson::kParseValidateEncodingFlag>(outcome.output.c_str());
     ASSERT_FALSE(document.HasParseError());
-    ASSERT_EQ(document["cards"].Size(), 40U);
+    ASSERT_EQ(member(document, "cards").Size(), 40U);
     unsigned versions[5] = {};
-    for (const auto& card : document["cards"].GetArray()) {
-      const auto version = card["version"].GetUint();
+    for (const auto& card : member(document, "cards").GetArray()) {
+      const auto version = member(card, "version").GetUint();
       ASSERT_LT(version, std::size(versions));
       ++versions[version];
     }
