@@ -4,14 +4,15 @@
 #include "cardwright/vocabulary.h"
 #include "writer/order.h"
 
-#include <unordered_map>
+#include <map>
 #include <vector>
 
 namespace cardwright {
 
 namespace {
 
-/// Properties of one name by their group, without regard to its case.
+/// Properties of one name by their group, without regard to its case. Groups come from files, which
+/// must not be able to choose them by their hash: the index is ordered.
 class GroupIndex {
  public:
   explicit GroupIndex(const std::shared_ptr<VCardPropertyList>& properties) {
@@ -39,7 +40,7 @@ class GroupIndex {
   }
 
  private:
-  std::unordered_map<Text, std::vector<const VCardProperty*>> m_groups;
+  std::map<Text, std::vector<const VCardProperty*>> m_groups;
 };
 
 /// Written only behind the properties that they describe.

@@ -1,12 +1,11 @@
 #include "cardwright/detail/keyed_list.h"
+#include "support/colliding_texts.h"
 #include "support/seed.h"
 #include "support/text_printer.h"
 #include "support/time_growth.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <functional>
 #include <map>
 #include <random>
 #include <string>
@@ -138,35 +137,8 @@ TEST(KeyedList, agreesWithAMapThroughRandomChanges) {
   }
 }
 
-constexpr std::uint64_t mix(std::uint64_t word) {
-  return word ^ (word >> 47U);
-}
-
-/// Keys of sixteen bytes that all have the same std::hash where the library hashes by MurmurHash:
-/// the second word of each cancels what the first one did to the state.
-std::vector<Text> collidingKeys(std::size_t count) {
-  constexpr std::uint64_t kFactor = 0xC6A4A7935BD1E995U;
-  constexpr std::uint64_t kStart = 0xC70F6907U ^ (16 * kFactor);
-  std::uint64_t inverse = kFactor;
-  for (int i = 0; i < 5; ++i) {
-    inverse *= 2 - kFactor * inverse;
-  }
-  std::vector<Text> keys;
-  for (std::uint64_t first = 0; first < count; ++first) {
-    const std::uint64_t state = (kStart ^ (mix(first * kFactor) * kFactor)) * kFactor;
-    const std::uint64_t second = mix(state * inverse) * inverse;
-    Text& key = keys.emplace_back(8, u'\0');
-    std::memcpy(key.data(), &first, sizeof(first));
-    std::memcpy(key.data() + 4, &second, sizeof(second));
-  }
-  return keys;
-}
-
 TEST(KeyedList, isNotSlowedDownByKeysOfOneHash) {
-  const std::vector<Text> keys = collidingKeys(100'000);
-#if defined(__GLIBCXX__)
-  ASSERT_EQ(std::hash<TextView>()(keys.front()), std::hash<TextView>()(keys.back()));
-#endif
+  const std::vector<Text> keys = collidingTexts(100'000);
   expectLinear(25'000, [&keys](std::size_t size) {
     KeyedList<std::size_t> list;
     for (std::size_t i = 0; i < size; ++i) {

@@ -1,13 +1,17 @@
+#include "base/case.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/text_scanner.h"
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_utilities.h"
+#include "support/colliding_texts.h"
 #include "support/text_printer.h"
+#include "support/time_growth.h"
 
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <memory>
+#include <vector>
 
 namespace cardwright {
 namespace {
@@ -143,6 +147,23 @@ TEST(CardWriter, takesEveryVersionCode) {
             framed({u"VERSION:3.0", u"TEL;HOME:1", u"BDAY:19960415", u"NOTE:a;b", u"TZ:+05:30"}));
   EXPECT_EQ(written(*card, 3), framed({u"VERSION:3.0", u"TEL;TYPE=HOME:1", u"BDAY:1996-04-15",
                                        u"NOTE:a\\;b", u"TZ:+05:30"}));
+}
+
+TEST(CardWriter, isNotSlowedDownByGroupsOfOneHash) {
+  std::vector<Text> groups = collidingTexts(60'000);
+  std::erase_if(groups, [](const Text& group) { return caseFolded(group) != group; });
+  ASSERT_GT(groups.size(), 40'000U);
+  expectLinear(10'000, [&groups](std::size_t size) {
+    VCard card;
+    for (std::size_t i = 0; i < size; ++i) {
+      for (const TextView name : {u"X-ABLABEL", u"TEL"}) {
+        const auto property = VCardProperty::propertyWithName(name, TextView(u"1"));
+        property->setGroup(groups[i]);
+        card.addProperty(property);
+      }
+    }
+    EXPECT_EQ(written(card).size(), 24 + size * 38);
+  });
 }
 
 TEST(AppendCrLf, appendsTextAndLineEnd) {
