@@ -4,15 +4,15 @@
 #include "cardwright/vocabulary.h"
 #include "writer/order.h"
 
-#include <map>
+#include <algorithm>
 #include <vector>
 
 namespace cardwright {
 
 namespace {
 
-/// Properties of one name by their group, without regard to its case. Groups come from files, which
-/// must not be able to choose them by their hash: the index is ordered.
+/// Properties of one name by their group, without regard to its case. The index is ordered, not
+/// hashed: no file may choose groups that all share a hash.
 class GroupIndex {
  public:
   explicit GroupIndex(const std::shared_ptr<VCardPropertyList>& properties) {
@@ -21,26 +21,33 @@ class GroupIndex {
     }
     for (const std::shared_ptr<VCardProperty>& property : *properties) {
       if (property != nullptr && property->group()) {
-        m_groups[caseFolded(*property->group())].push_back(property.get());
+        m_members.push_back({caseFolded(*property->group()), property.get()});
       }
     }
+    std::stable_sort(m_members.begin(), m_members.end(),
+                     [](const Member& a, const Member& b) { return a.group < b.group; });
   }
 
   void generate(TextView group, Text& output, VersionCode version, DateFormatter* formatter) const {
-    if (m_groups.empty()) {
+    if (m_members.empty()) {
       return;
     }
-    const auto found = m_groups.find(caseFolded(group));
-    if (found == m_groups.end()) {
-      return;
-    }
-    for (const VCardProperty* property : found->second) {
-      property->generate(output, version, formatter);
+    const Text folded = caseFolded(group);
+    auto member = std::lower_bound(
+        m_members.begin(), m_members.end(), folded,
+        [](const Member& candidate, const Text& wanted) { return candidate.group < wanted; });
+    for (; member != m_members.end() && member->group == folded; ++member) {
+      member->property->generate(output, version, formatter);
     }
   }
 
  private:
-  std::map<Text, std::vector<const VCardProperty*>> m_groups;
+  struct Member {
+    Text group; ///< folded
+    const VCardProperty* property;
+  };
+
+  std::vector<Member> m_members;
 };
 
 /// Written only behind the properties that they describe.
@@ -57,13 +64,7 @@ bool isEmptyPhoto(const VCardProperty& property) {
 } // namespace
 
 TextList VCard::propertiesInSortOrder() const {
-  std::vector<TextView> names;
-  names.reserve(m_properties.size());
-  for (const auto& entry : m_properties.entries()) {
-    names.push_back(entry.key.view());
-  }
-  sortPropertyNames(names);
-  return {names.begin(), names.end()};
+  return keysInWrittenOrder(m_properties, propertyRank);
 }
 
 void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
@@ -71,8 +72,8 @@ void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter
   const GroupIndex addressFormats(propertiesWithName(cVCardProperty_X_ABADR));
 
   VCardUtilities::appendCRLF(output, cVCardComponent_BEGINVCARD);
-  for (const Text& key : propertiesInSortOrder()) {
-    for (const std::shared_ptr<VCardProperty>& property : **m_properties.find(key)) {
+  for (const auto& entry : inWrittenOrder(m_properties, propertyRank)) {
+    for (const std::shared_ptr<VCardProperty>& property : **entry.value) {
       if (property == nullptr || isCompanion(*property) || isEmptyPhoto(*property)) {
         continue;
       }

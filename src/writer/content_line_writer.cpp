@@ -5,20 +5,10 @@
 #include "writer/folding.h"
 #include "writer/order.h"
 
-#include <vector>
-
 namespace cardwright {
 
 TextList VCardProperty::parametersInSortOrder() const {
-  std::vector<TextView> names;
-  if (m_parameters != nullptr) {
-    names.reserve(m_parameters->size());
-    for (const auto& entry : m_parameters->entries()) {
-      names.push_back(entry.key.view());
-    }
-    sortParameterNames(names);
-  }
-  return {names.begin(), names.end()};
+  return m_parameters != nullptr ? keysInWrittenOrder(*m_parameters, parameterRank) : TextList{};
 }
 
 void VCardProperty::addValueParameterIfNecessaryForVersion(VersionCode version) {
@@ -50,10 +40,10 @@ void VCardProperty::generate(Text& output, VersionCode version, DateFormatter* f
       m_value != nullptr && m_value->quotedPrintable() && encoding &&
       equalIgnoringCase(*encoding, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
   if (m_parameters != nullptr) {
-    for (const Text& key : parametersInSortOrder()) {
+    for (const auto& [rank, key, stored] : inWrittenOrder(*m_parameters, parameterRank)) {
       const bool described = equalIgnoringCase(key, cVCardParameter_ENCODING) ||
                              equalIgnoringCase(key, cVCardParameter_CHARSET);
-      const std::shared_ptr<VCardParameter>& parameter = *m_parameters->find(key);
+      const std::shared_ptr<VCardParameter>& parameter = *stored;
       if (parameter == nullptr || (isQuotedPrintable && described)) {
         continue;
       }

@@ -2,8 +2,6 @@
 
 #include "base/name_table.h"
 
-#include <algorithm>
-
 namespace cardwright {
 
 namespace {
@@ -29,28 +27,19 @@ constexpr NameTable kParameterRanks({
 });
 
 template <typename Table>
-int rankOf(const Table& table, TextView name) {
+int rankOf(const Table& table, TextView name) noexcept {
   const Rank* row = table.find(name);
   return row != nullptr ? row->value : 0;
 }
 
-template <typename Table>
-void sortByRank(const Table& table, std::vector<TextView>& names) {
-  std::sort(names.begin(), names.end(), [&table](TextView a, TextView b) {
-    const int rankOfA = rankOf(table, a);
-    const int rankOfB = rankOf(table, b);
-    return rankOfA != rankOfB ? rankOfA < rankOfB : a < b;
-  });
-}
-
 } // namespace
 
-void sortPropertyNames(std::vector<TextView>& names) {
-  sortByRank(kPropertyRanks, names);
+int propertyRank(TextView name) noexcept {
+  return rankOf(kPropertyRanks, name);
 }
 
-void sortParameterNames(std::vector<TextView>& names) {
-  sortByRank(kParameterRanks, names);
+int parameterRank(TextView name) noexcept {
+  return rankOf(kParameterRanks, name);
 }
 
 } // namespace cardwright

@@ -1,16 +1,53 @@
 #pragma once
 
+#include "cardwright/detail/keyed_list.h"
 #include "cardwright/text.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace cardwright {
 
-/// Sorts names of properties as they are written: VERSION, PRODID, FN, N, ORG, TITLE, EMAIL, TEL
-/// and ADR, then the others by their code units.
-void sortPropertyNames(std::vector<TextView>& names);
+/// Names of properties have ranks: VERSION, PRODID, FN, N, ORG, TITLE, EMAIL, TEL and ADR come
+/// first, all others share the last one.
+[[nodiscard]] int propertyRank(TextView name) noexcept;
 
-/// Sorts names of parameters: VALUE, ENCODING and TYPE, then the others by their code units.
-void sortParameterNames(std::vector<TextView>& names);
+/// The same for names of parameters: VALUE, ENCODING and TYPE come first.
+[[nodiscard]] int parameterRank(TextView name) noexcept;
+
+/// An entry of a dictionary with what decides its place.
+template <typename Value>
+struct RankedEntry {
+  int rank;
+  TextView key;
+  const Value* value;
+};
+
+/// The entries of a dictionary as they are written: by rank, then by the code units of their keys.
+template <typename Value>
+[[nodiscard]] std::vector<RankedEntry<Value>> inWrittenOrder(const detail::KeyedList<Value>& list,
+                                                             int (*rankOf)(TextView)) {
+  std::vector<RankedEntry<Value>> ranked;
+  ranked.reserve(list.size());
+  for (const auto& entry : list.entries()) {
+    ranked.push_back({rankOf(entry.key.view()), entry.key.view(), &entry.value});
+  }
+  std::sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) {
+    return a.rank != b.rank ? a.rank < b.rank : a.key < b.key;
+  });
+  return ranked;
+}
+
+/// Only the keys.
+template <typename Value>
+[[nodiscard]] TextList keysInWrittenOrder(const detail::KeyedList<Value>& list,
+                                          int (*rankOf)(TextView)) {
+  TextList keys;
+  keys.reserve(list.size());
+  for (const auto& entry : inWrittenOrder(list, rankOf)) {
+    keys.emplace_back(entry.key);
+  }
+  return keys;
+}
 
 } // namespace cardwright

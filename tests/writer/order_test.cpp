@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <vector>
 
 namespace cardwright {
 namespace {
@@ -64,13 +65,18 @@ TEST(ParameterOrder, putsValueEncodingAndTypeFirst) {
   EXPECT_EQ(parameterOrder({}), TextList{});
 }
 
-TEST(Order, sortsNamesInPlace) {
-  std::vector<TextView> names = {u"b", u"TEL", u"a", u"N"};
-  sortPropertyNames(names);
-  EXPECT_EQ(names, (std::vector<TextView>{u"N", u"TEL", u"a", u"b"}));
-  names = {u"b", u"TYPE", u"a", u"VALUE"};
-  sortParameterNames(names);
-  EXPECT_EQ(names, (std::vector<TextView>{u"VALUE", u"TYPE", u"a", u"b"}));
+TEST(Order, keepsTheValuesOfADictionaryWithTheirKeys) {
+  detail::KeyedList<int> list;
+  int number = 0;
+  for (const TextView key : {TextView(u"b"), TextView(u"TEL"), TextView(u"a"), TextView(u"N")}) {
+    list.add(detail::TextStorage(key), ++number);
+  }
+  std::vector<int> values;
+  for (const auto& entry : inWrittenOrder(list, propertyRank)) {
+    values.push_back(*entry.value);
+  }
+  EXPECT_EQ(values, (std::vector<int>{4, 2, 3, 1}));
+  EXPECT_EQ(keysInWrittenOrder(list, parameterRank), (TextList{u"N", u"TEL", u"a", u"b"}));
 }
 
 } // namespace
