@@ -1,0 +1,78 @@
+#include "cardwright/face.h"
+#include "cardwright/utf8.h"
+#include "cardwright/vcard.h"
+#include "support/address_book.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <iostream>
+#include <new>
+
+namespace {
+
+std::atomic<std::size_t> allocations = 0;
+
+void* allocate(std::size_t size) {
+  ++allocations;
+  if (void* memory = std::malloc(size == 0 ? 1 : size)) {
+    return memory;
+  }
+  throw std::bad_alloc();
+}
+
+} // namespace
+
+void* operator new(std::size_t size) {
+  return allocate(size);
+}
+void* operator new[](std::size_t size) {
+  return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+
+namespace cardwright {
+namespace {
+
+/// Allocations for each property while a plain address book of a version is read.
+double allocationsPerProperty(int version) {
+  AddressBookOptions options;
+  options.cards = 2'000;
+  options.version = version;
+  const std::string utf8 = addressBook(options);
+  ReadReport report;
+  static_cast<void>(readCards(utf8, &report));
+  const Text text = textFromUtf8(utf8);
+
+  const std::size_t before = allocations;
+  const auto cards = VCard::vCardsFromString(TextView(text));
+  const std::size_t made = allocations - before;
+
+  EXPECT_EQ(cards->size(), options.cards);
+  const double each = static_cast<double>(made) / static_cast<double>(report.properties);
+  std::cout << "version " << version << ": " << each << " allocations for each of "
+            << report.properties << " properties\n";
+  return each;
+}
+
+TEST(Allocations, areFewForEachProperty) {
+  // Structured and quoted-printable values, of which 2.1 has most, take more than plain ones.
+  EXPECT_LT(allocationsPerProperty(2), 13);
+  EXPECT_LT(allocationsPerProperty(3), 8);
+  EXPECT_LT(allocationsPerProperty(4), 9);
+}
+
+} // namespace
+} // namespace cardwright
