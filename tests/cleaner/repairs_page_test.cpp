@@ -42,11 +42,14 @@ std::vector<Example> examplesOf(const std::string& path) {
   return examples;
 }
 
-void replaceAll(std::string& text, std::string_view from, std::string_view to) {
-  for (std::size_t at = text.find(from); at != std::string::npos;
-       at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
+std::string replaced(std::string_view text, std::string_view from, std::string_view to) {
+  std::string result;
+  for (std::size_t at = 0; at < text.size();) {
+    const bool isHere = text.substr(at).starts_with(from);
+    result.append(isHere ? to : text.substr(at, 1));
+    at += isHere ? from.size() : 1;
   }
+  return result;
 }
 
 /// Lines as a card, with the line ends that are shown or else CR LF.
@@ -60,9 +63,8 @@ std::string cardOf(const std::vector<std::string>& lines) {
   }
   const bool showsEnds = text.find("␊") != std::string::npos;
   const std::string end = showsEnds && text.find("␍␍␊") != std::string::npos ? "\r\r\n" : "\r\n";
-  replaceAll(text, "␍", "\r");
-  replaceAll(text, "␊", "\n");
-  return "BEGIN:VCARD" + end + text + "END:VCARD" + end;
+  text = replaced(replaced(text, "␍", "\r"), "␊", "\n");
+  return std::string("BEGIN:VCARD").append(end).append(text).append("END:VCARD").append(end);
 }
 
 std::string withoutLastLineEnd(std::string text) {
