@@ -24,7 +24,7 @@ template <typename Input>
 std::size_t convert(std::size_t (*function)(iconv_t, Input**, std::size_t*, char**, std::size_t*),
                     iconv_t converter, std::string_view bytes, std::string& output,
                     std::size_t& room) {
-  Input* source = const_cast<Input*>(bytes.data());
+  auto* source = const_cast<Input*>(bytes.data());
   std::size_t left = bytes.size();
   char* target = output.data();
   return function(converter, &source, &left, &target, &room);
@@ -33,7 +33,7 @@ std::size_t convert(std::size_t (*function)(iconv_t, Input**, std::size_t*, char
 } // namespace
 
 std::string cleanedUtf8(std::string_view bytes) {
-  const iconv_t opened = iconv_open("UTF-8", "UTF-8");
+  auto* const opened = iconv_open("UTF-8", "UTF-8");
   if (reinterpret_cast<std::intptr_t>(opened) == -1) {
     return {};
   }
