@@ -53,7 +53,7 @@ class Inspection {
       if (lines.wasMerged()) {
         m_edits.hasMerged = true;
         m_cleaning.repairs.push_back({CleaningRepairKind::softBreak,
-                                      {line.begin, 0},
+                                      {line.begin, 1},
                                       Text(m_text.substr(line.begin, line.end - line.begin)),
                                       {Text(line.text)}});
       }
@@ -61,7 +61,7 @@ class Inspection {
         ++m_cleaning.repairedLines;
         m_cleaning.summaries.push_back(std::move(repair->summary));
         m_cleaning.repairs.push_back(
-            {repair->kind, {line.begin, 0}, Text(line.text), repair->lines});
+            {repair->kind, {line.begin, 1}, Text(line.text), repair->lines});
         m_edits.replacements.push_back({number, std::move(repair->lines)});
         for (const Text& replacement : m_edits.replacements.back().lines) {
           lookForRepeat(replacement);
@@ -107,7 +107,7 @@ class EditedLines {
       }
       ++m_repeat;
       if (repeats != nullptr) {
-        repeats->push_back({CleaningRepairKind::duplicate, {begin, 0}, Text(line), {}});
+        repeats->push_back({CleaningRepairKind::duplicate, {begin, 1}, Text(line), {}});
       }
     }
     return false;
@@ -239,7 +239,7 @@ Cleaning clean(TextView text) {
     translatePlaces(text, source, cleaning);
     cleaning.summaries.emplace(cleaning.summaries.begin(), kSeparatorsSummary);
     cleaning.repairs.insert(cleaning.repairs.begin(),
-                            {CleaningRepairKind::separators, {0, 0}, Text(), {}});
+                            {CleaningRepairKind::separators, {}, Text(), {}});
     if (!cleaning.text) {
       cleaning.text = std::move(separated);
     }
