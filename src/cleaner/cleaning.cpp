@@ -280,9 +280,11 @@ Text VCardCleaner::clean(TextView vCardString) {
     m_debugFastPathLines += cleaning.totalLines - cleaning.repairedLines;
   }
   m_lastDidClean = cleaning.text.has_value();
+  // Before the last results go: the text may be one of them.
+  Text cleaned = cleaning.text ? std::move(*cleaning.text) : Text(vCardString);
   m_lastCleaningSummaries = std::move(cleaning.summaries);
   m_lastRepairs = std::move(cleaning.repairs);
-  return cleaning.text ? std::move(*cleaning.text) : Text(vCardString);
+  return cleaned;
 }
 
 std::string VCardCleaner::clean(std::string_view utf8) {
