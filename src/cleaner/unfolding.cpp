@@ -84,6 +84,7 @@ bool Unfolder::next(UnfoldedLine& line, Text& buffer) {
   m_location = physical.next;
 
   GrowingHeader header;
+  bool isSettled = false; ///< whether the line is known to end in no soft break
   while (m_location < m_text.size()) {
     physical = physicalLineAt(m_location);
     if (!isContinuation(physical)) {
@@ -95,12 +96,18 @@ bool Unfolder::next(UnfoldedLine& line, Text& buffer) {
       buffer.assign(line.text);
       line.isJoined = true;
     }
-    if (VCardCleaner::lineHasQuotedPrintableSoftBreak(buffer) &&
+    if (!isSettled && VCardCleaner::lineHasQuotedPrintableSoftBreak(buffer) &&
         header.declaresQuotedPrintable(buffer)) {
       buffer.resize(VCardCleaner::removeQuotedPrintableSoftBreakSuffixFrom(buffer).size());
+      isSettled = false;
+    } else {
+      isSettled = true;
     }
     const std::size_t seam = buffer.size();
-    buffer.append(m_text.substr(physical.begin + 1, physical.end - physical.begin - 1));
+    const TextView piece = m_text.substr(physical.begin + 1, physical.end - physical.begin - 1);
+    // Blanks change nothing: the line need not be searched for its end over and over.
+    isSettled = isSettled && piece.find_first_not_of(u" \t") == TextView::npos;
+    buffer.append(piece);
     header.seamAt(seam, buffer);
     line.text = buffer;
   }
