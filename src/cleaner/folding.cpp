@@ -10,6 +10,9 @@ namespace cardwright {
 
 namespace {
 
+/// So many units are beyond any budget: each takes one byte at least.
+constexpr std::size_t kFarBehindBudget = 2 * kFirstFoldBytes;
+
 std::size_t utf8Bytes(TextView text) noexcept {
   std::size_t bytes = 0;
   for (std::size_t at = 0; at < text.size();) {
@@ -38,8 +41,13 @@ TextView takeFoldedLine(TextView& rest, std::size_t budget) {
   std::size_t behindSpace = 0;
   std::size_t bytes = 0;
   bool isWhole = true;
-  for (GraphemeWalker walker(rest); !walker.atEnd();) {
-    const std::size_t next = walker.next();
+  // Nothing far behind the budget matters, and looking there line after line would add up.
+  const TextView near = rest.substr(0, kFarBehindBudget);
+  for (GraphemeWalker walker(near); !walker.atEnd();) {
+    std::size_t next = walker.next();
+    if (end == 0 && next == near.size()) {
+      next = endOfCharacter(rest, 0);
+    }
     bytes += utf8Bytes(rest.substr(end, next - end));
     if (bytes > budget) {
       isWhole = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/kept_memory.h"
 #include "support/time_growth.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +21,7 @@ void expectDoubleTimeAtMost(std::size_t size, Make make, Work work) {
     return;
   }
   constexpr double kLimit = 2.3;
+  keepMemory();
   const auto once = make(size);
   const auto twice = make(size * 2);
   const double ratio = growthBetween([&] { work(once); }, [&] { work(twice); }, kLimit);
