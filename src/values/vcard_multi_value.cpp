@@ -35,16 +35,19 @@ bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* f
   if (formatter == nullptr) {
     fatalError("Formatter is nil");
   }
+  const std::optional<TextView> elementType = type();
+  if (!elementType) {
+    return true;
+  }
   if (!m_values) {
     m_values.emplace();
   }
   forEachListPiece(text, [&](TextView piece) {
-    if (const std::shared_ptr<VCardValue> element = VCardValue::valueWithType(type())) {
-      element->setQuotedPrintable(quotedPrintable());
-      element->setCharset(charset());
-      element->parse(trimWhitespace(piece), version, formatter);
-      m_values->push_back(element);
-    }
+    const std::shared_ptr<VCardValue> element = VCardValue::valueWithType(elementType);
+    element->setQuotedPrintable(quotedPrintable());
+    element->setCharset(charset());
+    element->parse(trimWhitespace(piece), version, formatter);
+    m_values->push_back(element);
   });
   return true;
 }
