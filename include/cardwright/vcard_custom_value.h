@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cardwright/detail/text_storage.h"
 #include "cardwright/vcard_value.h"
 
 namespace cardwright {

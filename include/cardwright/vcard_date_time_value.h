@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/date_components.h"
+#include "cardwright/detail/text_storage.h"
 #include "cardwright/vcard_value.h"
 
 namespace cardwright {

@@ -42,7 +42,9 @@ class [[gnu::visibility("default")]] VCardMultiValue final : public VCardValue {
   void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
 
  private:
-  detail::TextStorage m_elementType;
+  void appendElement(std::shared_ptr<VCardValue> element);
+
+  detail::SharedText m_elementType;
   std::optional<VCardValueList> m_values;
 };
 

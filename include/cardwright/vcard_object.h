@@ -20,7 +20,7 @@ class [[gnu::visibility("default")]] VCardObject {
   [[nodiscard]] virtual Text description() const;
 
   /// Reads the object from its text. The base reads nothing and returns false.
-  /// @param text      the object's wire form
+  /// @param text      the object's wire form, which is no text of the object itself
   /// @param version   version code of the card that the text belongs to
   /// @param formatter borrowed for the call; values that hold dates, and content lines, stop the
   ///                  process when it is null

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cardwright/detail/text_storage.h"
+#include "cardwright/detail/shared_text.h"
 #include "cardwright/vcard_object.h"
 
 #include <memory>
@@ -38,7 +38,9 @@ class [[gnu::visibility("default")]] VCardValue : public VCardObject {
   }
 
  private:
-  detail::TextStorage m_charset;
+  friend class VCardMultiValue;
+
+  detail::SharedText m_charset;
   bool m_quotedPrintable = false;
 };
 

@@ -20,7 +20,9 @@ class [[gnu::visibility("default")]] VCardXValue final : public VCardTextValue {
   }
 
  private:
-  detail::TextStorage m_type;
+  friend class VCardMultiValue;
+
+  detail::SharedText m_type;
 };
 
 } // namespace cardwright

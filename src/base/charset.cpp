@@ -151,6 +151,10 @@ bool isWholeHz(IcuDecoder& decoder, std::string_view bytes, const std::optional<
 } // namespace
 
 Charset charsetNamed(TextView name) {
+  constexpr std::size_t kLongest = 64;
+  if (name.size() > kLongest) {
+    return Charset::none; // Every piece of a list asks again.
+  }
   const bool isAsciiName = std::all_of(name.begin(), name.end(), isAscii);
   const auto* const row =
       isAsciiName ? kNames.findIgnoringCase(name) : kNames.find(lowerCased(name));

@@ -46,6 +46,9 @@ class NameTable {
 
   /// The row whose name equals this one without regard to case, or null.
   [[nodiscard]] const Row* findIgnoringCase(TextView name) const {
+    if (name.size() > kLongestName) {
+      return nullptr; // No character folds to fewer units.
+    }
     if (const Row* row = probe(name, equalAsciiIgnoringCase)) {
       return row;
     }

@@ -3,7 +3,9 @@
 #include "base/fatal.h"
 #include "base/whitespace.h"
 #include "cardwright/vcard_text_value.h"
+#include "cardwright/vcard_x_value.h"
 #include "values/text_codec.h"
+#include "values/value_maker.h"
 
 namespace cardwright {
 
@@ -18,11 +20,15 @@ std::optional<TextView> VCardMultiValue::type() const noexcept {
   return m_elementType.optionalView();
 }
 
-void VCardMultiValue::addTextValue(std::optional<TextView> text) {
+void VCardMultiValue::appendElement(std::shared_ptr<VCardValue> element) {
   if (!m_values) {
     m_values.emplace();
   }
-  m_values->push_back(VCardTextValue::valueWithText(text));
+  m_values->push_back(std::move(element));
+}
+
+void VCardMultiValue::addTextValue(std::optional<TextView> text) {
+  appendElement(VCardTextValue::valueWithText(text));
 }
 
 void VCardMultiValue::addTextValues(const TextList& texts) {
@@ -39,15 +45,21 @@ bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* f
   if (!elementType) {
     return true;
   }
-  if (!m_values) {
-    m_values.emplace();
-  }
+  const ValueMaker maker = valueMakerFor(*elementType);
   forEachListPiece(text, [&](TextView piece) {
-    const std::shared_ptr<VCardValue> element = VCardValue::valueWithType(elementType);
+    std::shared_ptr<VCardValue> element;
+    if (maker != nullptr) {
+      element = maker(*elementType);
+    } else {
+      // Names of types and charsets can be as long as the list: its elements share them.
+      auto extension = std::make_shared<VCardXValue>();
+      extension->m_type = m_elementType;
+      element = std::move(extension);
+    }
+    element->m_charset = m_charset;
     element->setQuotedPrintable(quotedPrintable());
-    element->setCharset(charset());
     element->parse(trimWhitespace(piece), version, formatter);
-    m_values->push_back(element);
+    appendElement(std::move(element));
   });
   return true;
 }

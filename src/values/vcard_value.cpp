@@ -13,12 +13,11 @@
 #include "cardwright/vcard_utc_offset_value.h"
 #include "cardwright/vcard_x_value.h"
 #include "cardwright/vocabulary.h"
+#include "values/value_maker.h"
 
 namespace cardwright {
 
 namespace {
-
-using Make = std::shared_ptr<VCardValue> (*)(TextView type);
 
 template <typename Value>
 std::shared_ptr<VCardValue> make(TextView /*type*/) {
@@ -31,8 +30,8 @@ std::shared_ptr<VCardValue> makeWithType(TextView type) {
 }
 
 /// Which class a value type name selects.
-constexpr NameTable kFactories({
-    NameRow<Make>{cVCardValue_Address, make<VCardAddressValue>},
+constexpr NameTable kMakers({
+    NameRow<ValueMaker>{cVCardValue_Address, make<VCardAddressValue>},
     {cVCardValue_DATE, makeWithType<VCardDateTimeValue>},
     {cVCardValue_DATE_TIME, makeWithType<VCardDateTimeValue>},
     {cVCardValue_TIME, makeWithType<VCardDateTimeValue>},
@@ -51,12 +50,17 @@ constexpr NameTable kFactories({
 
 } // namespace
 
+ValueMaker valueMakerFor(TextView type) {
+  const auto* row = kMakers.findIgnoringCase(type);
+  return row != nullptr ? row->value : nullptr;
+}
+
 std::shared_ptr<VCardValue> VCardValue::valueWithType(std::optional<TextView> type) {
   if (!type) {
     return nullptr;
   }
-  const auto* row = kFactories.findIgnoringCase(*type);
-  return row != nullptr ? row->value(*type) : VCardXValue::valueWithType(type);
+  const ValueMaker maker = valueMakerFor(*type);
+  return maker != nullptr ? maker(*type) : VCardXValue::valueWithType(type);
 }
 
 std::optional<TextView> VCardValue::type() const noexcept {
