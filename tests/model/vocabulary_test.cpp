@@ -1,5 +1,6 @@
 #include "base/case.h"
 #include "cardwright/vocabulary.h"
+#include "model/value_types.h"
 #include "support/text_printer.h"
 #include "vocabulary_constants.h"
 
@@ -284,6 +285,15 @@ TEST(SupportTables, mayBeInitializedAnyNumberOfTimes) {
   EXPECT_FALSE(propertyIsSupportedForVersion(u"KIND", 2));
   initialize();
   EXPECT_FALSE(propertyIsSupportedForVersion(u"KIND", 2));
+}
+
+TEST(EquivalentTypes, areTextForStructuredTypesOnly) {
+  for (const TextView type : {u"Address", u"N", u"Gender", u"Org", u"Geo3.0", u"Custom"}) {
+    EXPECT_EQ(equivalentType(type), cVCardValue_TEXT) << testing::PrintToString(type);
+  }
+  for (const TextView type : {u"text", u"uri", u"date", u"BINARY", u"utc-offset", u"", u"X-FOO"}) {
+    EXPECT_FALSE(equivalentType(type)) << testing::PrintToString(type);
+  }
 }
 
 TEST(VocabularyConstants, comeInGroupsOfSoMany) {
