@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <memory>
+#include <typeinfo>
 
 namespace cardwright {
 
@@ -14,6 +15,11 @@ namespace cardwright {
 inline constexpr VersionCode kVersionCodes[] = {
     std::numeric_limits<VersionCode>::min(), -1, 0, 1, 2, 3, 4, 5,
     std::numeric_limits<VersionCode>::max()};
+
+inline const std::type_info& classOf(const std::shared_ptr<VCardValue>& value) {
+  const VCardValue& object = *value;
+  return typeid(object);
+}
 
 /// What a value writes.
 inline Text written(const VCardValue& value, VersionCode version = 4) {
