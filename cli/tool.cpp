@@ -68,7 +68,7 @@ void parse(CLI::App& app, int argc, char** argv, const Session& session) {
 
 ExitStatus run(int argc, char** argv) {
   // Whoever reads our output may stop at any time; that shows when writing, and kills nobody.
-  std::signal(SIGPIPE, SIG_IGN);
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
   Output output(STDOUT_FILENO);
   Diagnostics diagnostics(output);

@@ -1,10 +1,21 @@
 #include "io/progress.h"
 
+#include "io/output.h"
+
 #include <algorithm>
-#include <cstdio>
+#include <string>
 #include <unistd.h>
 
 namespace cardwright::tool {
+namespace {
+
+void draw(std::string_view text) {
+  Output standardError(STDERR_FILENO);
+  standardError.write(text);
+  standardError.flush();
+}
+
+} // namespace
 
 Progress::Progress(std::string_view doing)
     : m_doing(doing),
@@ -13,7 +24,7 @@ Progress::Progress(std::string_view doing)
 
 Progress::~Progress() {
   if (m_isShown) {
-    std::fputs("\r\x1B[K", stderr);
+    draw("\r\x1B[K");
   }
 }
 
@@ -26,8 +37,9 @@ void Progress::show(std::size_t done, std::size_t all) {
   m_next = Clock::now() + std::chrono::milliseconds(100);
   m_isShown = true;
   const std::size_t percent = done * 100 / std::max<std::size_t>(all, 1);
-  std::fprintf(stderr, "\r%.*s: %zu %%\x1B[K", static_cast<int>(m_doing.size()), m_doing.data(),
-               percent);
+  std::string line = "\r";
+  line.append(m_doing).append(": ").append(std::to_string(percent)).append(" %\x1B[K");
+  draw(line);
 }
 
 } // namespace cardwright::tool

@@ -9,6 +9,7 @@
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace cardwright::tool {
 
@@ -27,7 +28,10 @@ std::string followed(const std::string& path) {
     content.resize(static_cast<std::size_t>(length));
     const std::size_t folder = target.rfind('/');
     const bool isRelative = !content.starts_with('/') && folder != std::string::npos;
-    target = isRelative ? target.substr(0, folder + 1) + content : content;
+    if (isRelative) {
+      content.insert(0, target, 0, folder + 1);
+    }
+    target = std::move(content);
   }
   return target;
 }
