@@ -6,14 +6,18 @@ checkFormat() {
 }
 
 # Prints "SOURCE DEPENDENCY…" for each source that the last build compiled: what of the project it
-# was made from.
+# was made from. A compiler cache names these from the build folder on.
 builtSources() {
   ninja -C "$root/build/sanitize" -t deps | awk -v root="$root/" '
-    /^[^ ]/ { if (line != "") print line; line = "" }
-    /^ / && index($1, root) == 1 && index($1, root "build/") != 1 {
-      line = line (line == "" ? "" : " ") substr($1, length(root) + 1)
+    function told() { if (line ~ /^(src|cli)\//) print line; line = "" }
+    /^[^ ]/ { told() }
+    /^ / {
+      sub(/^\.\.\/\.\.\//, root, $1)
+      if (index($1, root) != 1) next
+      file = substr($1, length(root) + 1)
+      if (file ~ /^(src|cli|include)\//) line = line (line == "" ? "" : " ") file
     }
-    END { if (line != "") print line }' | grep -E '^(src|cli)/' | sort -u
+    END { told() }' | sort -u
 }
 
 # tidyOne SOURCE DEPENDENCY…: a source that was found clean is not looked at again until it, what
