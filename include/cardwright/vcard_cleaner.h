@@ -117,7 +117,7 @@ class [[gnu::visibility("default")]] VCardCleaner {
   /// back whole, as the only one.
   [[nodiscard]] static TextList segmentMergedLineIfSafe(TextView line);
   /// Repairs what a cut left on the wrong side, and the values of notes and members.
-  [[nodiscard]] static TextList postProcessSegmentsAfterSplit(const TextList& segments);
+  [[nodiscard]] static TextList postProcessSegmentsAfterSplit(TextList segments);
 
   // Duplicates
 

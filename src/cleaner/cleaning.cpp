@@ -26,8 +26,8 @@ constexpr TextView kGeneralSummary = u"Performed vCard normalization";
 /// What is to be changed in the logical lines of a text.
 struct Edits {
   struct Replacement {
-    std::size_t line; ///< number of the logical line
-    TextList lines;
+    std::size_t line;   ///< number of the logical line
+    std::size_t repair; ///< number of the repair whose lines take its place
   };
 
   std::vector<Replacement> replacements;
@@ -60,10 +60,10 @@ class Inspection {
       if (std::optional<LineRepair> repair = repairLine(line.text)) {
         ++m_cleaning.repairedLines;
         m_cleaning.summaries.push_back(std::move(repair->summary));
+        m_edits.replacements.push_back({number, m_cleaning.repairs.size()});
         m_cleaning.repairs.push_back(
-            {repair->kind, {line.begin, 1}, Text(line.text), repair->lines});
-        m_edits.replacements.push_back({number, std::move(repair->lines)});
-        for (const Text& replacement : m_edits.replacements.back().lines) {
+            {repair->kind, {line.begin, 1}, Text(line.text), std::move(repair->lines)});
+        for (const Text& replacement : m_cleaning.repairs.back().replacement) {
           lookForRepeat(replacement);
         }
       } else {
@@ -93,7 +93,9 @@ class Inspection {
 /// Gives the lines of the cleaned text: those of the text with the edits made.
 class EditedLines {
  public:
-  EditedLines(TextView text, const Edits& edits) : m_edits(edits), m_lines(text) {}
+  /// @param repairs those that the edits speak of; others may be appended on the way
+  EditedLines(TextView text, const Edits& edits, const std::vector<CleaningRepair>& repairs)
+      : m_edits(edits), m_repairs(repairs), m_lines(text) {}
 
   /// @param repeats receives the lines that are left out on the way, when somebody wants them
   bool next(TextView& line, std::size_t& begin, std::vector<CleaningRepair>* repeats = nullptr) {
@@ -115,7 +117,7 @@ class EditedLines {
 
  private:
   bool nextBeforeRemoval(TextView& line) {
-    while (m_pending == nullptr) {
+    while (m_pending.empty()) {
       if (!m_lines.next(m_line)) {
         return false;
       }
@@ -126,30 +128,27 @@ class EditedLines {
         line = m_line.text;
         return true;
       }
-      const TextList& lines = m_edits.replacements[m_replacement++].lines;
-      m_pending = lines.empty() ? nullptr : &lines;
-      m_pendingAt = 0;
+      m_pending = m_repairs[m_edits.replacements[m_replacement++].repair].replacement;
     }
-    line = (*m_pending)[m_pendingAt++];
-    if (m_pendingAt == m_pending->size()) {
-      m_pending = nullptr;
-    }
+    line = m_pending.front();
+    m_pending = m_pending.subspan(1);
     return true;
   }
 
   const Edits& m_edits;
+  const std::vector<CleaningRepair>& m_repairs;
   LogicalLines m_lines;
   UnfoldedLine m_line;
   std::size_t m_lineNumber = 0;
   std::size_t m_replacement = 0;
-  const TextList* m_pending = nullptr; ///< lines of a replacement that are still to be given
-  std::size_t m_pendingAt = 0;
+  std::span<const Text> m_pending; ///< lines of a replacement that are still to be given
   std::size_t m_outputNumber = 0;
   std::size_t m_repeat = 0;
 };
 
-bool anyUsesQuotedPrintable(TextView text, const Edits& edits) {
-  EditedLines lines(text, edits);
+bool anyUsesQuotedPrintable(TextView text, const Edits& edits,
+                            const std::vector<CleaningRepair>& repairs) {
+  EditedLines lines(text, edits, repairs);
   TextView line;
   std::size_t begin = 0;
   while (lines.next(line, begin)) {
@@ -177,10 +176,10 @@ void appendFoldedLine(Text& output, TextView line) {
 
 Text joined(TextView text, const Edits& edits, Cleaning& cleaning) {
   // Folding would break the structure of quoted-printable soft breaks.
-  const bool isFolded = !anyUsesQuotedPrintable(text, edits);
+  const bool isFolded = !anyUsesQuotedPrintable(text, edits, cleaning.repairs);
   Text output;
   output.reserve(text.size() + text.size() / 16);
-  EditedLines lines(text, edits);
+  EditedLines lines(text, edits, cleaning.repairs);
   TextView line;
   std::size_t begin = 0;
   while (lines.next(line, begin, &cleaning.repairs)) {

@@ -5,6 +5,7 @@
 #include "base/graphemes.h"
 #include "cleaner/characters.h"
 #include "cleaner/line_predicates.h"
+#include "cleaner/matching/header_scanner.h"
 
 #include <unicode/uchar.h>
 
@@ -77,7 +78,11 @@ class ExtendedHeaderTest {
 
 } // namespace
 
-void cutAtExtendedHeaders(TextView property, std::vector<TextView>& pieces) {
+bool cutAtExtendedHeaders(TextView property, std::vector<TextView>& pieces) {
+  const auto keep = [&pieces](TextView piece) {
+    pieces.push_back(piece);
+    return headerAtStart(piece, HeaderNames::anyUpper).has_value();
+  };
   const std::size_t colon = firstUnquotedColon(property);
   std::size_t begin = 0;
   ExtendedHeaderTest test(property);
@@ -88,11 +93,13 @@ void cutAtExtendedHeaders(TextView property, std::vector<TextView>& pieces) {
                                      : rest.starts_with(u"VND-") ? 4
                                                                  : 0;
     if (prefixLength != 0 && test.isHeader(at, prefixLength)) {
-      pieces.push_back(property.substr(begin, at - begin));
+      if (!keep(property.substr(begin, at - begin))) {
+        return false;
+      }
       begin = at;
     }
   }
-  pieces.push_back(property.substr(begin));
+  return keep(property.substr(begin));
 }
 
 } // namespace cardwright

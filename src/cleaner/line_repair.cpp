@@ -38,7 +38,7 @@ std::optional<LineRepair> repairMember(TextView line, const LineName& name) {
     return std::nullopt;
   }
   return LineRepair{CleaningRepairKind::memberEntities,
-                    VCardCleaner::postProcessSegmentsAfterSplit(members),
+                    VCardCleaner::postProcessSegmentsAfterSplit(std::move(members)),
                     u"Split numeric entities in X-ADDRESSBOOKSERVER-MEMBER"};
 }
 

@@ -51,15 +51,14 @@ void dropTornName(Text& piece, TextView next) {
 
 } // namespace
 
-TextList VCardCleaner::postProcessSegmentsAfterSplit(const TextList& segments) {
-  TextList pieces = segments;
-  for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
-    giveValueBack(pieces[i], pieces[i + 1]);
-    dropTornName(pieces[i], pieces[i + 1]);
+TextList VCardCleaner::postProcessSegmentsAfterSplit(TextList segments) {
+  for (std::size_t i = 0; i + 1 < segments.size(); ++i) {
+    giveValueBack(segments[i], segments[i + 1]);
+    dropTornName(segments[i], segments[i + 1]);
   }
   TextList result;
-  result.reserve(pieces.size());
-  for (Text& piece : pieces) {
+  result.reserve(segments.size());
+  for (Text& piece : segments) {
     const LineName name(piece);
     if (name.view() == u"NOTE") {
       result.push_back(withEscapedLineBreaks(piece));

@@ -224,13 +224,11 @@ bool cutMergedProperties(TextView line, std::vector<TextView>& pieces) {
   for (std::size_t i = 0; i < cuts.size(); ++i) {
     const std::size_t end = i + 1 < cuts.size() ? cuts[i + 1] : line.size();
     const TextView piece = trimWhitespaceAndNewlines(line.substr(cuts[i], end - cuts[i]));
-    if (!piece.empty()) {
-      cutAtExtendedHeaders(piece, pieces);
+    if (!piece.empty() && !cutAtExtendedHeaders(piece, pieces)) {
+      return false;
     }
   }
-  return !pieces.empty() && std::all_of(pieces.begin(), pieces.end(), [](TextView piece) {
-    return headerAtStart(piece, HeaderNames::anyUpper).has_value();
-  });
+  return !pieces.empty();
 }
 
 TextList VCardCleaner::segmentMergedLineIfSafe(TextView line) {
