@@ -1,3 +1,4 @@
+#include "allocations/counted_memory.h"
 #include "cardwright/face.h"
 #include "cardwright/utf8.h"
 #include "cardwright/vcard.h"
@@ -5,43 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
 #include <iostream>
-#include <new>
-
-namespace {
-
-std::atomic<std::size_t> allocations = 0;
-
-void* allocate(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) {
-    return memory;
-  }
-  throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-  return allocate(size);
-}
-void* operator new[](std::size_t size) {
-  return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory, std::size_t /*size*/) noexcept {
-  std::free(memory);
-}
 
 namespace cardwright {
 namespace {
@@ -56,9 +21,9 @@ double allocationsPerProperty(int version) {
   static_cast<void>(readCards(utf8, &report));
   const Text text = textFromUtf8(utf8);
 
-  const std::size_t before = allocations;
+  const std::size_t before = allocationsSoFar();
   const auto cards = VCard::vCardsFromString(TextView(text));
-  const std::size_t made = allocations - before;
+  const std::size_t made = allocationsSoFar() - before;
 
   EXPECT_EQ(cards->size(), options.cards);
   const double each = static_cast<double>(made) / static_cast<double>(report.properties);
