@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <unordered_map>
+#include <map>
 #include <vector>
 
 namespace cardwright::tool {
@@ -49,7 +49,7 @@ std::vector<Pair> uniquePairs(const Lines& before, const Lines& after) {
     std::size_t inAfter = 0;
     std::size_t atAfter = 0;
   };
-  std::unordered_map<std::string_view, Count> counts;
+  std::map<std::string_view, Count> counts;
   for (const std::string_view line : before) {
     ++counts[line].inBefore;
   }

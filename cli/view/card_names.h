@@ -2,9 +2,9 @@
 
 #include <cardwright/vcard.h>
 
+#include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 namespace cardwright::tool {
 
@@ -28,7 +28,7 @@ class CardNames {
 
  private:
   const VCardList& m_cards;
-  std::unordered_map<Text, const VCard*> m_byIdentifier;
+  std::map<Text, const VCard*> m_byIdentifier; ///< ordered: hashes of chosen texts could collide
   bool m_isFilled = false;
 };
 

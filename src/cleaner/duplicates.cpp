@@ -38,7 +38,7 @@ TextList without(const TextList& lines, const std::vector<std::size_t>& numbers)
 }
 
 /// Drops later lines with the value of an earlier member line.
-bool isRepeatedMember(TextView line, std::unordered_set<TextView>& seen) {
+bool isRepeatedMember(TextView line, std::set<TextView>& seen) {
   const std::size_t colon = firstUnquotedColon(line);
   return colon != TextView::npos && !seen.insert(line.substr(colon + 1)).second;
 }
@@ -121,7 +121,7 @@ TextList VCardCleaner::deduplicateSingularPropertiesWithinCard(const TextList& l
 
 TextList VCardCleaner::deduplicateMemberDuplicatesWithinCard(const TextList& lines) {
   std::vector<std::size_t> repeats;
-  std::unordered_set<TextView> seen;
+  std::set<TextView> seen;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const LineName name(lines[i]);
     if (name.isPresent() && name.view() == kMemberName && isRepeatedMember(lines[i], seen)) {

@@ -3,8 +3,8 @@
 #include "cardwright/text.h"
 
 #include <cstddef>
+#include <set>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace cardwright {
@@ -33,7 +33,7 @@ class DuplicateFinder {
   bool m_isInCard = false;
   std::size_t m_cardBegin = 0;
   std::unordered_map<TextView, std::size_t> m_lastOfName;
-  std::unordered_set<TextView> m_memberValues;
+  std::set<TextView> m_memberValues; ///< ordered: a file could be made so that hashes collide
 };
 
 } // namespace cardwright

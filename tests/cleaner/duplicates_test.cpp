@@ -1,4 +1,6 @@
 #include "cardwright/vcard_cleaner.h"
+#include "support/colliding_texts.h"
+#include "support/time_growth.h"
 
 #include <gtest/gtest.h>
 
@@ -117,6 +119,17 @@ TEST(Duplicates, knowsWhetherThereIsAnythingToLookFor) {
   EXPECT_FALSE(VCardCleaner::containsSingularPropertyIn({u"FN:x", u"TEL:1", u"X-CREATED", u""}));
   EXPECT_FALSE(VCardCleaner::containsSingularPropertyIn({u"VND-64-SENSITIVE-CONTENT-CONFIG:1"}));
   EXPECT_FALSE(VCardCleaner::containsSingularPropertyIn({}));
+}
+
+TEST(Duplicates, areNotSlowedDownByMembersOfOneHash) {
+  const std::vector<Text> values = collidingTexts(60'000);
+  expectLinear(10'000, [&values](std::size_t size) {
+    TextList members;
+    for (std::size_t i = 0; i < size; ++i) {
+      members.push_back(kMember + values[i]);
+    }
+    EXPECT_EQ(VCardCleaner::deduplicateMemberDuplicatesWithinCard(members).size(), size);
+  });
 }
 
 } // namespace
