@@ -338,12 +338,13 @@ void writeAddress(CardLines& lines, RandomSource& random, Groups& groups, const 
   }
 }
 
-void writeNote(CardLines& lines, RandomSource& random, const Person& person) {
+void writeNote(CardLines& lines, RandomSource& random, const Person& person,
+               std::size_t sentences) {
   constexpr std::array<std::string_view, 5> kAsides = {"\U0001F389", "\u2764\uFE0F",
                                                        "\U0001F469\U0001F3FD\u200D\U0001F52C",
                                                        "\U0001F1EA\U0001F1FA", "(A/B; C, D)"};
   std::string note;
-  for (std::size_t count = 1 + random.below(5); count > 0; --count) {
+  for (std::size_t count = sentences; count > 0; --count) {
     note.append(random.oneOf(person.region.sentences));
     if (random.oneIn(6)) {
       note.append(" ").append(random.oneOf(kAsides));
@@ -448,7 +449,7 @@ void writeGroup(CardLines& lines, RandomSource& random) {
   writeFoot(lines, random);
 }
 
-void writePerson(CardLines& lines, RandomSource& random, std::size_t photoEvery) {
+void writePerson(CardLines& lines, RandomSource& random, const AddressBookOptions& options) {
   const Person person = inventPerson(random);
   Groups groups(lines);
   writeHead(lines, person.fullName,
@@ -471,10 +472,12 @@ void writePerson(CardLines& lines, RandomSource& random, std::size_t photoEvery)
     writeBirthday(lines, random);
   }
   writeExtras(lines, random, groups, person);
-  if (random.oneIn(3)) {
-    writeNote(lines, random, person);
+  if (options.noteLength != 0) {
+    writeNote(lines, random, person, options.noteLength);
+  } else if (random.oneIn(3)) {
+    writeNote(lines, random, person, 1 + random.below(5));
   }
-  if (photoEvery != 0 && random.oneIn(photoEvery)) {
+  if (options.photoEvery != 0 && random.oneIn(options.photoEvery)) {
     writePhoto(lines, random);
   }
   writeFoot(lines, random);
@@ -484,7 +487,7 @@ void writePerson(CardLines& lines, RandomSource& random, std::size_t photoEvery)
 
 void AddressBook::appendCard(std::string& output) {
   constexpr std::array<int, 10> kMix = {2, 2, 3, 3, 3, 3, 3, 4, 4, 4};
-  CardLines lines(output, m_version != 0 ? m_version : m_random.oneOf(kMix));
+  CardLines lines(output, m_options.version != 0 ? m_options.version : m_random.oneOf(kMix));
   output.append("BEGIN:VCARD\r\n");
   const std::size_t kind = m_random.below(40);
   if (kind == 0 && lines.version() != 2) {
@@ -492,7 +495,7 @@ void AddressBook::appendCard(std::string& output) {
   } else if (kind < 3) {
     writeCompany(lines, m_random);
   } else {
-    writePerson(lines, m_random, m_photoEvery);
+    writePerson(lines, m_random, m_options);
   }
   output.append("END:VCARD\r\n");
 }

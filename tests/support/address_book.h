@@ -15,6 +15,7 @@ struct AddressBookOptions {
   std::uint64_t seed = 1;
   int version = 0;             ///< 2, 3 or 4 for all cards; 0 mixes them
   std::size_t photoEvery = 12; ///< one card in so many has a photo; 0 for none
+  std::size_t noteLength = 0;  ///< sentences in the note that each person has; 0 for few and rarely
 };
 
 /// Invents people, companies and groups of several scripts, and writes them as programs export
@@ -23,15 +24,14 @@ struct AddressBookOptions {
 class AddressBook {
  public:
   explicit AddressBook(const AddressBookOptions& options)
-      : m_random(options.seed), m_version(options.version), m_photoEvery(options.photoEvery) {}
+      : m_options(options), m_random(options.seed) {}
 
   /// Appends the next card as UTF-8.
   void appendCard(std::string& output);
 
  private:
+  AddressBookOptions m_options;
   RandomSource m_random;
-  int m_version;
-  std::size_t m_photoEvery;
 };
 
 /// A whole address book as UTF-8.
