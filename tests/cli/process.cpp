@@ -222,4 +222,9 @@ std::string fileContent(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+bool hasTerminals() {
+  const Descriptor terminal(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
+  return terminal.isOpen();
+}
+
 } // namespace cardwright::tool

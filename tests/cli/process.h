@@ -50,4 +50,7 @@ class TemporaryFolder {
 [[nodiscard]] std::string sourcePath(std::string_view path);
 [[nodiscard]] std::string fileContent(const std::string& path);
 
+/// Whether this system can make terminals; a bare chroot cannot.
+[[nodiscard]] bool hasTerminals();
+
 } // namespace cardwright::tool

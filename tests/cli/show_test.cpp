@@ -201,6 +201,9 @@ TEST(Show, letsNothingInACardSteerTheTerminal) {
 }
 
 TEST(Show, coloursATerminalOnly) {
+  if (!hasTerminals()) {
+    GTEST_SKIP() << "there are no terminals";
+  }
   const std::string text = card("TEL:1\r\n");
   const std::string coloured = "\x1B[1mAda\x1B[0m\r\n"
                                "  \x1B[36mPhone\x1B[0m          1\r\n"
@@ -214,6 +217,9 @@ TEST(Show, coloursATerminalOnly) {
 }
 
 TEST(Show, respectsTheWishForNoColour) {
+  if (!hasTerminals()) {
+    GTEST_SKIP() << "there are no terminals";
+  }
   const std::string text = card("TEL:1\r\n");
   constexpr unsigned short kColumns = 80;
   const auto hasColour = [&](const Invocation& invocation) {
@@ -232,6 +238,9 @@ TEST(Show, respectsTheWishForNoColour) {
 }
 
 TEST(Show, usesTheWidthOfTheTerminal) {
+  if (!hasTerminals()) {
+    GTEST_SKIP() << "there are no terminals";
+  }
   const std::string text = card("NOTE:one two three four five six seven eight\r\n");
   EXPECT_EQ(runTool({{"show", "--color=never"}, text, {{"COLUMNS", "100"}}, 44}).output,
             "Ada\r\n"
