@@ -94,7 +94,7 @@ constexpr Task kTasks[] = {
     {"read", read},
     {"clean and read", cleanAndRead},
     {"clean", clean},
-    {"clean, every third card damaged", cleanDamaged},
+    {"clean with every third card damaged", cleanDamaged},
     {"write", write},
 };
 

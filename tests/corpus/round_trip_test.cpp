@@ -65,6 +65,17 @@ TEST(RoundTrip, keepsAllOfAnAddressBook) {
   EXPECT_EQ(tally.unwritable, 0U);
 }
 
+TEST(RoundTrip, tearsAMemberFoldedBeforeANameWhoseColonIsOnTheNextLine) {
+  const Text card = Text(u"BEGIN:VCARD\r\nVERSION:4.0\r\nX-ADDRESSBOOKSERVER-MEMBER:")
+                        .append(48, u'x')
+                        .append(u"X-ADDRESSBOOKSERVER-Me\r\nEND:VCARD\r\n");
+  const auto cards = VCard::vCardsFromString(TextView(card));
+  ASSERT_TRUE(cards);
+  const RoundTrip trip = roundTrip(*cards->front());
+  EXPECT_EQ(trip.unwritable, 1U);
+  EXPECT_EQ(trip.surprises, "");
+}
+
 TEST(RoundTrip, changesStrangeCardsByTheRulesOnly) {
   const std::uint64_t seed = testSeed();
   const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 20'000);

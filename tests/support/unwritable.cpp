@@ -53,9 +53,12 @@ std::optional<Unwritable> whyUnreadable(const Text& physicalLines) {
   }
   line.append(rest);
 
-  TextScanner scanner{TextView(physicalLines)};
+  // What follows counts too: a colon on the next line can make a fold look like a property.
+  const Text lines = physicalLines + u"N:\r\n";
+  TextScanner scanner{TextView(lines)};
   Text scanned;
-  if (!scanner.scanFoldedLineIntoString(&scanned) || scanned != line || !scanner.isAtEnd()) {
+  if (!scanner.scanFoldedLineIntoString(&scanned) || scanned != line ||
+      scanner.scanLocation() != physicalLines.size()) {
     return Unwritable::tornLine;
   }
   if (VCard::normalizedStringByDecodingNumericEntitiesFromString(TextView(line)) != line) {
