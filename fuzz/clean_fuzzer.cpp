@@ -1,6 +1,7 @@
 // Any text is cleaned; what comes out must be what the plain passes make of it, and what is told
 // must fit what was done.
 
+#include "demand.h"
 #include "support/reference_cleaning.h"
 
 #include <cardwright/face.h>
@@ -9,18 +10,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
-
-namespace {
-
-void demand(bool isTrue) {
-  if (!isTrue) {
-    std::abort();
-  }
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace cardwright;

@@ -1,6 +1,8 @@
 // Any bytes go through the text codec, in any character set, and what must undo each other does.
 // The first byte tells the character set and whether the rest is text in UTF-8 or in UTF-16.
 
+#include "demand.h"
+
 #include <cardwright/decode.h>
 #include <cardwright/utf8.h>
 #include <cardwright/vcard_utilities.h>
@@ -8,7 +10,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -16,6 +17,7 @@
 
 namespace {
 
+using cardwright::demand;
 using cardwright::Text;
 using cardwright::TextView;
 using cardwright::VCardUtilities;
@@ -28,12 +30,6 @@ constexpr const char* kCharsets[] = {
     "iso-2022-cn",  "big5",         "euc-tw",      "utf-16",       "utf-16le",
     "utf-16be",     "windows-1258", "iso-8859-11", "windows-1257", "not-a-name",
 };
-
-void demand(bool isTrue) {
-  if (!isTrue) {
-    std::abort();
-  }
-}
 
 Text textFromPairs(std::string_view bytes) {
   Text text;

@@ -1,27 +1,22 @@
 // The cleaner's scanners find in any text what ICU's engine finds for the same patterns.
 
 #include "cardwright/vcard_cleaner.h"
+#include "demand.h"
 #include "support/icu_pattern.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <utility>
 #include <vector>
 
 namespace {
 
 using cardwright::CleanerPattern;
+using cardwright::demand;
 using cardwright::IcuPattern;
 using cardwright::Text;
 using cardwright::VCardCleaner;
-
-void demand(bool isTrue) {
-  if (!isTrue) {
-    std::abort();
-  }
-}
 
 /// What the bytes beyond ASCII stand for: letters that fold to ASCII and such that do not, line
 /// ends, blanks, marks, halves of pairs.

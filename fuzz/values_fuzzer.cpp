@@ -1,12 +1,13 @@
 // Any text is read as a value of each class and written for each version. The first byte tells the
 // type, the second the version and how the text is encoded.
 
+#include "demand.h"
+
 #include <cardwright/cardwright.h>
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 namespace {
@@ -17,12 +18,6 @@ constexpr std::array<TextView, 16> kTypes = {
     u"text",      u"uri",        u"BINARY", u"date",    u"time", u"date-time", u"date-and-or-time",
     u"timestamp", u"utc-offset", u"N",      u"Address", u"Org",  u"Gender",    u"Geo3.0",
     u"Custom",    u"float"};
-
-void demand(bool isTrue) {
-  if (!isTrue) {
-    std::abort();
-  }
-}
 
 Text rewritten(TextView type, TextView text, VersionCode version, bool isList,
                bool isQuotedPrintable) {
