@@ -1,5 +1,7 @@
 #include "base/case.h"
 
+#include "base/text_matcher.h"
+
 #include <unicode/uchar.h>
 #include <unicode/ustring.h>
 
@@ -232,27 +234,13 @@ bool containsIgnoringCase(TextView text, TextView part) {
   if (wanted.empty()) {
     return true;
   }
-  // borders[i]: length of the longest proper prefix of the first i + 1 units that also ends them.
-  std::vector<std::size_t> borders(wanted.size());
-  const auto advance = [&](std::size_t matched, char16_t unit) {
-    while (matched > 0 && wanted[matched] != unit) {
-      matched = borders[matched - 1];
-    }
-    return wanted[matched] == unit ? matched + 1 : 0;
-  };
-  for (std::size_t i = 1; i < wanted.size(); ++i) {
-    borders[i] = advance(borders[i - 1], wanted[i]);
-  }
-  std::size_t matched = 0;
+  TextMatcher matcher(wanted);
   std::vector<bool> beginsCharacter; // for each folded unit so far
   for (FoldingReader reader(text); !reader.atEnd();) {
     beginsCharacter.push_back(reader.isBetweenCharacters());
-    matched = advance(matched, reader.next());
-    if (matched == wanted.size()) {
-      if (reader.isBetweenCharacters() && beginsCharacter[beginsCharacter.size() - matched]) {
-        return true;
-      }
-      matched = borders[matched - 1];
+    if (matcher.take(reader.next()) && reader.isBetweenCharacters() &&
+        beginsCharacter[beginsCharacter.size() - wanted.size()]) {
+      return true;
     }
   }
   return false;

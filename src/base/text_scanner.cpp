@@ -1,5 +1,6 @@
 #include "cardwright/text_scanner.h"
 
+#include "base/text_matcher.h"
 #include "cardwright/utf8.h"
 
 namespace cardwright {
@@ -21,6 +22,20 @@ bool advance(TextView text, std::size_t& location, std::size_t end, TextView* sc
   }
   location = end;
   return true;
+}
+
+/// Where the part begins from a place on, or else the end.
+std::size_t placeOf(TextView part, TextView text, std::size_t from) {
+  if (part.empty()) {
+    return from;
+  }
+  TextMatcher matcher(part);
+  for (std::size_t at = from; at < text.size(); ++at) {
+    if (matcher.take(text[at])) {
+      return at + 1 - part.size();
+    }
+  }
+  return text.size();
 }
 
 } // namespace
@@ -52,8 +67,7 @@ bool TextScanner::scanUpToString(TextView string, TextView* scanned) {
   if (isAtEnd()) {
     return false;
   }
-  const std::size_t found = m_text.find(string, m_location);
-  return advance(m_text, m_location, found == TextView::npos ? m_text.size() : found, scanned);
+  return advance(m_text, m_location, placeOf(string, m_text, m_location), scanned);
 }
 
 } // namespace cardwright

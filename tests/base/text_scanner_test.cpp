@@ -99,6 +99,15 @@ TEST(TextScanner, readsUpToAString) {
   EXPECT_FALSE(scanner.scanUpToString(u"END", &scanned));
 }
 
+TEST(TextScanner, readsUpToAStringThatBeginsInItself) {
+  TextScanner scanner(TextView(u"xaabaabaaab"));
+  EXPECT_TRUE(scanner.scanUpToString(u"aabaaab"));
+  EXPECT_EQ(scanner.scanLocation(), 4U);
+  scanner.setScanLocation(5);
+  EXPECT_TRUE(scanner.scanUpToString(u"aabaaab")) << "it began before";
+  EXPECT_TRUE(scanner.isAtEnd());
+}
+
 TEST(TextScanner, readsNothingForAnEmptyString) {
   TextScanner scanner(TextView(u"ab"));
   EXPECT_FALSE(scanner.scanString(u""));

@@ -1,4 +1,5 @@
 #include "cardwright/text_scanner.h"
+#include "cardwright/utf8.h"
 #include "cardwright/vcard.h"
 #include "load/doubling.h"
 #include "support/address_book.h"
@@ -125,6 +126,28 @@ TEST(ReadingLoad, oneLineOfAHundredMegabytes) {
       50'000'000, [](std::size_t size) { return std::string("NOTE:").append(size, 'x'); },
       [](const std::string& utf8) {
         static_cast<void>(VCard::vCardsFromString(std::string_view(utf8)));
+      });
+}
+
+TEST(ReadingLoad, cardsWithinCards) {
+  expectDoubleTimeAtMost(
+      100'000,
+      [](std::size_t size) {
+        return utf8FromText(repeated(u"BEGIN:VCARD\r\n", size) +
+                            repeated(u"FN:a\r\nEND:VCARD\r\n", size));
+      },
+      [](const std::string& utf8) {
+        ASSERT_FALSE(VCard::vCardsFromString(std::string_view(utf8)).empty());
+      });
+}
+
+TEST(ReadingLoad, searchForALongStringInRepetitions) {
+  expectDoubleTimeAtMost(
+      1'000'000, [](std::size_t size) { return Text(size, u'a'); },
+      [](const Text& text) {
+        TextScanner scanner{TextView(text)};
+        scanner.scanUpToString(Text(text.size() / 2, u'a') + u"b");
+        ASSERT_TRUE(scanner.isAtEnd());
       });
 }
 
