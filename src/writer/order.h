@@ -32,7 +32,9 @@ template <typename Value>
   for (const auto& entry : list.entries()) {
     ranked.push_back({rankOf(entry.key.view()), entry.key.view(), &entry.value});
   }
-  std::sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) {
+  // By merging: names with ascending numbers, as devices and hostile files have them, make a
+  // quicksort compare several times as often.
+  std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) {
     return a.rank != b.rank ? a.rank < b.rank : a.key < b.key;
   });
   return ranked;
