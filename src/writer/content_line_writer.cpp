@@ -40,7 +40,7 @@ void VCardProperty::generate(Text& output, VersionCode version, DateFormatter* f
       m_value != nullptr && m_value->quotedPrintable() && encoding &&
       equalIgnoringCase(*encoding, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
   if (m_parameters != nullptr) {
-    for (const auto& [rank, key, stored] : inWrittenOrder(*m_parameters, parameterRank)) {
+    for (const auto& [rank, head, key, stored] : inWrittenOrder(*m_parameters, parameterRank)) {
       const bool described = equalIgnoringCase(key, cVCardParameter_ENCODING) ||
                              equalIgnoringCase(key, cVCardParameter_CHARSET);
       const std::shared_ptr<VCardParameter>& parameter = *stored;

@@ -34,6 +34,18 @@ int rankOf(const Table& table, TextView name) noexcept {
 
 } // namespace
 
+KeyHead keyHead(TextView key) noexcept {
+  constexpr std::size_t kUnits = 4;
+  const auto packed = [](TextView units) {
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < kUnits; ++i) {
+      number = number << 16U | (i < units.size() ? units[i] : 0U);
+    }
+    return number;
+  };
+  return {packed(key), packed(key.substr(std::min(kUnits, key.size())))};
+}
+
 int propertyRank(TextView name) noexcept {
   return rankOf(kPropertyRanks, name);
 }

@@ -4,6 +4,8 @@
 #include "cardwright/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace cardwright {
@@ -15,12 +17,26 @@ namespace cardwright {
 /// The same for names of parameters: VALUE, ENCODING and TYPE come first.
 [[nodiscard]] int parameterRank(TextView name) noexcept;
 
+/// The first eight units of a key as two numbers that compare like them. Where they differ, the key
+/// itself, which may lie anywhere in memory, is not asked.
+using KeyHead = std::pair<std::uint64_t, std::uint64_t>;
+
+[[nodiscard]] KeyHead keyHead(TextView key) noexcept;
+
 /// An entry of a dictionary with what decides its place.
 template <typename Value>
 struct RankedEntry {
   int rank;
+  KeyHead head;
   TextView key;
   const Value* value;
+
+  friend bool operator<(const RankedEntry& a, const RankedEntry& b) noexcept {
+    if (a.rank != b.rank) {
+      return a.rank < b.rank;
+    }
+    return a.head != b.head ? a.head < b.head : a.key < b.key;
+  }
 };
 
 /// The entries of a dictionary as they are written: by rank, then by the code units of their keys.
@@ -30,13 +46,12 @@ template <typename Value>
   std::vector<RankedEntry<Value>> ranked;
   ranked.reserve(list.size());
   for (const auto& entry : list.entries()) {
-    ranked.push_back({rankOf(entry.key.view()), entry.key.view(), &entry.value});
+    const TextView key = entry.key.view();
+    ranked.push_back({rankOf(key), keyHead(key), key, &entry.value});
   }
   // By merging: names with ascending numbers, as devices and hostile files have them, make a
   // quicksort compare several times as often.
-  std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) {
-    return a.rank != b.rank ? a.rank < b.rank : a.key < b.key;
-  });
+  std::stable_sort(ranked.begin(), ranked.end());
   return ranked;
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace cardwright {
@@ -26,6 +27,19 @@ TextList parameterOrder(const TextList& names) {
     property.addParameter(VCardParameter::parameterWithName(name, u"x"));
   }
   return property.parametersInSortOrder();
+}
+
+TEST(PropertyOrder, comparesKeysBeyondTheirHeads) {
+  EXPECT_EQ(propertyOrder({u"X-ABCDEFB", u"X-ABCDEF", u"X-ABCDEFA", u"X-ABCDE", u"X-ABC",
+                           u"X-\uFFFD", u"X-\u00E9A", u"X"}),
+            TextList({u"X", u"X-ABC", u"X-ABCDE", u"X-ABCDEF", u"X-ABCDEFA", u"X-ABCDEFB",
+                      u"X-\u00C9A", u"X-\uFFFD"}));
+}
+
+TEST(PropertyOrder, knowsANulFromTheEndOfAKey) {
+  using namespace std::string_literals;
+  EXPECT_EQ(propertyOrder({u"A\0\0"s, u"A\0B"s, u"A"s, u"A\0"s}),
+            TextList({u"A"s, u"A\0"s, u"A\0\0"s, u"A\0B"s}));
 }
 
 TEST(PropertyOrder, putsTheMainPropertiesFirst) {
