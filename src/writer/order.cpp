@@ -35,15 +35,15 @@ int rankOf(const Table& table, TextView name) noexcept {
 } // namespace
 
 KeyHead keyHead(TextView key) noexcept {
-  constexpr std::size_t kUnits = 4;
-  const auto packed = [](TextView units) {
-    std::uint64_t number = 0;
-    for (std::size_t i = 0; i < kUnits; ++i) {
-      number = number << 16U | (i < units.size() ? units[i] : 0U);
+  constexpr std::size_t kUnitsOfANumber = 4;
+  KeyHead head{};
+  std::size_t at = 0;
+  for (std::uint64_t& number : head) {
+    for (std::size_t i = 0; i < kUnitsOfANumber; ++i, ++at) {
+      number = number << 16U | (at < key.size() ? key[at] : 0U);
     }
-    return number;
-  };
-  return {packed(key), packed(key.substr(std::min(kUnits, key.size())))};
+  }
+  return head;
 }
 
 int propertyRank(TextView name) noexcept {

@@ -4,8 +4,8 @@
 #include "cardwright/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 namespace cardwright {
@@ -17,9 +17,9 @@ namespace cardwright {
 /// The same for names of parameters: VALUE, ENCODING and TYPE come first.
 [[nodiscard]] int parameterRank(TextView name) noexcept;
 
-/// The first eight units of a key as two numbers that compare like them. Where they differ, the key
+/// The first twelve units of a key as numbers that compare like them. Where they differ, the key
 /// itself, which may lie anywhere in memory, is not asked.
-using KeyHead = std::pair<std::uint64_t, std::uint64_t>;
+using KeyHead = std::array<std::uint64_t, 3>;
 
 [[nodiscard]] KeyHead keyHead(TextView key) noexcept;
 
