@@ -106,5 +106,10 @@ TEST(DanglingFragments, findsWhatTheRuleFindsStepByStep) {
   EXPECT_GT(cut, 500U);
 }
 
+TEST(DanglingFragments, takesTheBlankBeforeThemAlongWhenAMarkJoinsIt) {
+  // What is no white space by its first code point may still end in some.
+  EXPECT_EQ(VCardCleaner::trimDanglingExtendedFragmentsInValue(u"Main\u0600 X-ABLABEL"), u"Main");
+}
+
 } // namespace
 } // namespace cardwright

@@ -89,5 +89,10 @@ TEST(SegmentRepair, splitsMembers) {
        {{u"X-ADDRESSBOOKSERVER-MEMBER:&#10;"}, {}}});
 }
 
+TEST(SegmentRepair, givesValuesBackBeforeTrustedNamesOnly) {
+  expectRows({{{u"item1.TEL:", u"555item2.X-ABLABEL:x"}, {u"item1.TEL:555", u"item2.X-ABLABEL:x"}},
+              {{u"item1.TEL:", u"555item2.X-CUSTOM:x"}, {u"item1.TEL:", u"555item2.X-CUSTOM:x"}}});
+}
+
 } // namespace
 } // namespace cardwright

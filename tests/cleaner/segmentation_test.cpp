@@ -127,5 +127,18 @@ TEST(Segmentation, takesLoneSurrogatesForContent) {
                {Text(u"TEL:").append(surrogate), u"EMAIL:x"}}});
 }
 
+TEST(Segmentation, takesDigitsOfAnyScriptBeforeAnExtension) {
+  expectRows({{u"TEL:\u0663X-CUSTOM;A=b:1EMAIL:x", {u"TEL:\u0663", u"X-CUSTOM;A=b:1", u"EMAIL:x"}},
+              // A number, but no decimal digit.
+              {u"TEL:\u00BDX-CUSTOM;A=b:1EMAIL:x", {u"TEL:\u00BDX-CUSTOM;A=b:1", u"EMAIL:x"}}});
+}
+
+TEST(Segmentation, countsNumbersToTheNamesOfExtensions) {
+  // The whole cut is given up for a piece that begins like an extension and is no header.
+  expectRows({{u"TEL:1EMAIL:xX-A\u5341:y", {}},
+              // A number that has an upper case of its own makes prose of it.
+              {u"TEL:1EMAIL:xX-A\u2177:y", {u"TEL:1", u"EMAIL:xX-A\u2177:y"}}});
+}
+
 } // namespace
 } // namespace cardwright

@@ -72,5 +72,11 @@ TEST(SoftBreaks, takesSignsThatStandAloneOnly) {
             (TextList{kQp + u"\u0301a=", u"b"}));
 }
 
+TEST(SoftBreaks, keepsHeadersThatOnlyMatchWithoutRegardToCase) {
+  // The Kelvin sign is its own upper case, so that the name is none of the known ones.
+  const TextList lines = {kQp + u"a=", u"\u212AEY:http://example.com"};
+  EXPECT_EQ(VCardCleaner::mergeQuotedPrintableSoftBreaks(lines), lines);
+}
+
 } // namespace
 } // namespace cardwright
