@@ -48,8 +48,17 @@ class Inspection {
   Edits run() {
     LogicalLines lines(m_text);
     UnfoldedLine line;
-    for (std::size_t number = 0; lines.next(line); ++number) {
+    for (std::size_t number = 0;; ++number) {
+      const PlainLine plain = lines.passPlainLine();
+      if (plain == PlainLine::none && !lines.next(line)) {
+        break;
+      }
       ++m_cleaning.totalLines;
+      if (plain != PlainLine::none) {
+        m_duplicates.pass(plain);
+        ++m_outputLines;
+        continue;
+      }
       if (lines.wasMerged()) {
         m_edits.hasMerged = true;
         m_cleaning.repairs.push_back({CleaningRepairKind::softBreak,

@@ -63,6 +63,15 @@ void DuplicateFinder::take(TextView line, std::size_t number) {
   }
 }
 
+void DuplicateFinder::pass(PlainLine line) {
+  if (line == PlainLine::cardBegin) {
+    finishCard();
+    m_isInCard = true;
+  } else if (line == PlainLine::cardEnd && m_isInCard) {
+    finishCard();
+  }
+}
+
 void DuplicateFinder::takeInCard(TextView line, std::size_t number) {
   const LineName name(line);
   if (!name.isPresent()) {
@@ -90,7 +99,9 @@ void DuplicateFinder::finishCard() {
   if (!m_memberValues.empty()) {
     m_memberValues = {};
   }
-  m_lastOfName.clear();
+  if (!m_lastOfName.empty()) {
+    m_lastOfName.clear();
+  }
   m_isInCard = false;
 }
 

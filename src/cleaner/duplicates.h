@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/text.h"
+#include "cleaner/plain_lines.h"
 
 #include <cstddef>
 #include <set>
@@ -20,6 +21,8 @@ class DuplicateFinder {
   /// @param line   stays valid until the card ends
   /// @param number ascending
   void take(TextView line, std::size_t number);
+  /// Takes the next line where that is a plain one.
+  void pass(PlainLine line);
   /// Takes a line of the card, wherever it stands.
   void takeInCard(TextView line, std::size_t number);
   /// Whether the line would be remembered, so that it has to stay valid.

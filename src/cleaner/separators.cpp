@@ -1,6 +1,7 @@
 #include "cleaner/separators.h"
 
 #include "base/ascii.h"
+#include "base/scan_lanes.h"
 
 namespace cardwright {
 
@@ -84,7 +85,7 @@ std::optional<Text> pairedToCrLf(TextView text) {
 } // namespace
 
 std::optional<Text> repairedSeparators(TextView text) {
-  const std::size_t firstPair = text.find(u"\r\r");
+  const std::size_t firstPair = findDoubleCr(text);
   if (firstPair == TextView::npos) {
     return std::nullopt;
   }

@@ -68,6 +68,18 @@ bool LogicalLines::next(UnfoldedLine& line) {
   return true;
 }
 
+PlainLine LogicalLines::passPlainLine() {
+  if (m_hasAhead) {
+    return PlainLine::none;
+  }
+  std::size_t next = 0;
+  const PlainLine kind = plainLineAt(m_unfolder.text(), m_unfolder.location(), next);
+  if (kind != PlainLine::none) {
+    m_unfolder.setLocation(next);
+  }
+  return kind;
+}
+
 TextList VCardCleaner::mergeQuotedPrintableSoftBreaks(const TextList& lines) {
   TextList result;
   SoftBreakMerger merger;

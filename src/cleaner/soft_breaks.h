@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cleaner/plain_lines.h"
 #include "cleaner/unfolding.h"
 
 namespace cardwright {
@@ -29,6 +30,9 @@ class LogicalLines {
   /// The line stays valid until the next call.
   /// @returns false when there is no further line
   bool next(UnfoldedLine& line);
+
+  /// Steps over the next line if it is a plain one.
+  PlainLine passPlainLine();
 
   /// Whether the last line was joined at soft breaks.
   [[nodiscard]] bool wasMerged() const noexcept { return m_wasMerged; }

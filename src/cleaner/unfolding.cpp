@@ -1,6 +1,7 @@
 #include "cleaner/unfolding.h"
 
 #include "base/ascii.h"
+#include "base/scan_lanes.h"
 #include "cardwright/vcard_cleaner.h"
 #include "cleaner/characters.h"
 #include "cleaner/line_predicates.h"
@@ -37,10 +38,7 @@ void GrowingHeader::seamAt(std::size_t position, TextView line) {
 Unfolder::PhysicalLine Unfolder::physicalLineAt(std::size_t begin) const noexcept {
   PhysicalLine line;
   line.begin = begin;
-  line.end = begin;
-  while (line.end < m_text.size() && !isLineTerminator(m_text[line.end])) {
-    ++line.end;
-  }
+  line.end = endOfLine(m_text, begin);
   const bool isCrLf =
       line.end + 1 < m_text.size() && m_text[line.end] == u'\r' && m_text[line.end + 1] == u'\n';
   line.next = std::min(line.end + (isCrLf ? 2 : 1), m_text.size());

@@ -38,6 +38,11 @@ class Unfolder {
   /// @returns false when there is no further line
   bool next(UnfoldedLine& line, Text& buffer);
 
+  [[nodiscard]] TextView text() const noexcept { return m_text; }
+  /// Where the next line begins.
+  [[nodiscard]] std::size_t location() const noexcept { return m_location; }
+  void setLocation(std::size_t location) noexcept { m_location = location; }
+
  private:
   struct PhysicalLine {
     std::size_t begin = 0;
