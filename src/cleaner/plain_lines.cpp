@@ -5,6 +5,7 @@
 #include "base/scan_lanes.h"
 #include "cleaner/characters.h"
 #include "cleaner/line_predicates.h"
+#include "cleaner/matching/extended_names.h"
 #include "cleaner/matching/header_scanner.h"
 #include "cleaner/vocabulary.h"
 
@@ -52,16 +53,33 @@ NameKind kindOfName(TextView name) {
   }
 }
 
-/// Whether a header is so plain that its name stands where it seems to.
-bool isPlainHeader(TextView header) noexcept {
-  if (header.empty() || isSpaceOrTab(header.front())) {
-    return false;
+/// The name in a header that is so plain that it stands where it seems to; else empty.
+TextView plainNameIn(TextView header) {
+  unsigned all = 0;
+  bool hasQuote = false;
+  std::size_t nameEnd = header.size();
+  bool hasGroup = false;
+  for (std::size_t i = header.size(); i > 0; --i) {
+    const char16_t unit = header[i - 1];
+    all |= unit;
+    hasQuote = hasQuote || unit == u'"';
+    hasGroup = hasGroup || unit == u'.';
+    nameEnd = unit == u';' ? i - 1 : nameEnd;
   }
-  bool isPlain = true;
-  for (const char16_t unit : header) {
-    isPlain = isPlain && isAscii(unit) && unit != u'"';
+  if (header.empty() || all >= 0x80 || hasQuote || isSpaceOrTab(header.front())) {
+    return {};
   }
-  return isPlain;
+  const bool isEscaped = nameEnd > 0 && header[nameEnd - 1] == u'\\';
+  return hasGroup || isEscaped ? propertyNameIn(header) : header.substr(0, nameEnd);
+}
+
+/// Whether an extended name may begin somewhere in the text.
+bool holdsExtensionPrefix(TextView text) noexcept {
+  std::size_t hyphen = text.find(u'-');
+  while (hyphen != TextView::npos && startOfExtensionPrefix(text, hyphen) == TextView::npos) {
+    hyphen = text.find(u'-', hyphen + 1);
+  }
+  return hyphen != TextView::npos;
 }
 
 std::size_t behindLineEnd(TextView text, std::size_t end) noexcept {
@@ -94,11 +112,10 @@ class Examination {
     const LineMarks marks = marksOfLine(m_text, m_begin);
     m_header = m_text.substr(m_begin, marks.colon - m_begin);
     const TextView line = m_text.substr(m_begin, marks.end - m_begin);
-    if (marks.colon == marks.end || !isPlainHeader(m_header) ||
-        !standsAlone(line, m_header.size())) {
+    if (marks.colon == marks.end || !standsAlone(line, m_header.size())) {
       return PlainLine::none;
     }
-    const TextView name = propertyNameIn(m_header);
+    const TextView name = plainNameIn(m_header);
     if (name.empty()) {
       return PlainLine::none;
     }
@@ -107,7 +124,7 @@ class Examination {
     const bool isFolded = isContinuation(m_text, next);
     // A mark behind the fold would join a colon before it.
     const bool isColonAtFold = isFolded && marks.colon + 1 == marks.end;
-    const bool needsNothing = m_kind != NameKind::remembered && holdsNoRepair(marks) &&
+    const bool needsNothing = m_kind != NameKind::remembered && holdsNoRepair(marks, line) &&
                               !mayBeContinued(line) &&
                               (!marks.hasFurtherColon ||
                                (m_kind != NameKind::note && !isFolded && !holdsTwoHeaders(line))) &&
@@ -117,11 +134,11 @@ class Examination {
 
  private:
   /// Whether a piece of the value has none of the signs that repairs begin with, colons aside.
-  [[nodiscard]] bool holdsNoRepair(const LineMarks& marks) const noexcept {
+  [[nodiscard]] bool holdsNoRepair(const LineMarks& marks, TextView piece) const noexcept {
     if (m_kind == NameKind::note) {
       return !marks.hasAmpersand;
     }
-    return m_kind == NameKind::extension || !marks.hasPrefixHyphen;
+    return m_kind == NameKind::extension || !marks.hasPrefixHyphen || !holdsExtensionPrefix(piece);
   }
 
   [[nodiscard]] bool mayBeContinued(TextView piece) const {
@@ -133,8 +150,10 @@ class Examination {
       const std::size_t begin = next + 1;
       const LineMarks marks = marksOfLine(m_text, begin);
       const TextView piece = m_text.substr(begin, marks.end - begin);
-      const bool mayTearPrefix = piece.starts_with(u'-') && m_kind == NameKind::other;
-      if (marks.colon != marks.end || mayTearPrefix || !holdsNoRepair(marks) ||
+      // The fold may have torn the "VND-" or "X-" that an extended name begins with.
+      const bool mayTearName = m_kind != NameKind::note && m_kind != NameKind::extension &&
+                               piece.substr(0, 3).find(u'-') != TextView::npos;
+      if (marks.colon != marks.end || mayTearName || !holdsNoRepair(marks, piece) ||
           mayBeContinued(piece)) {
         return false;
       }
