@@ -1,15 +1,19 @@
 #pragma once
 
 #include "cardwright/detail/keyed_list.h"
+#include "cardwright/detail/unread_lines.h"
 #include "cardwright/vcard_object.h"
 #include "cardwright/vcard_property.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace cardwright {
@@ -130,11 +134,29 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
                                                   ContactsParser* contactsParser = nullptr);
 
  private:
+  friend class CardAssembly;
+
   using PropertyStore = detail::KeyedList<std::shared_ptr<VCardPropertyList>>;
+
+  /// The properties, made from the unread lines with the first question.
+  [[nodiscard]] const PropertyStore& properties() const {
+    if (m_isUnread.load(std::memory_order_acquire)) {
+      readProperties();
+    }
+    return m_properties;
+  }
+  [[nodiscard]] PropertyStore& properties() {
+    return const_cast<PropertyStore&>(std::as_const(*this).properties()); // NOLINT: not const here
+  }
+  void readProperties() const;
+  static void addTo(PropertyStore & properties, std::shared_ptr<VCardProperty> property);
 
   [[nodiscard]] const VCardProperty* firstPropertyWithKey(TextView key) const;
 
-  PropertyStore m_properties;
+  mutable PropertyStore m_properties;
+  mutable detail::UnreadLines m_unread;
+  mutable std::atomic<bool> m_isUnread = false;
+  mutable std::once_flag m_reading;
 };
 
 } // namespace cardwright

@@ -28,4 +28,8 @@ class LineCounter {
   std::size_t m_line = 1;
 };
 
+[[nodiscard]] inline std::size_t lineBreaksIn(TextView text) noexcept {
+  return LineCounter(text).lineAt(text.size()) - 1;
+}
+
 } // namespace cardwright

@@ -6,14 +6,24 @@ namespace cardwright {
 
 VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOptions& options) {
   ReadReport done;
-  const Text text = decodedBytes(bytes, options.encoding, done.decoding);
+  Text text = decodedBytes(bytes, options.encoding, done.decoding);
   Cleaning cleaning = options.clean ? clean(text) : Cleaning();
+  auto store = std::make_shared<detail::LineStore>();
+  if (!cleaning.text) {
+    store->text = std::move(text);
+  } else if (report == nullptr) {
+    text = Text();
+    store->text = std::move(*cleaning.text);
+  } else {
+    // Both texts are needed to find out where a line was in the file.
+    store->text = *cleaning.text;
+  }
   ReadRecorder recorder(report != nullptr ? &done : nullptr);
-  VCardList cards = readAllCards(cleaning.text ? TextView(*cleaning.text) : TextView(text),
-                                 {&recorder, options.contactsParser});
+  VCardList cards = readAllCards(store, {&recorder, options.contactsParser});
   if (report != nullptr) {
-    placeDroppedLines(cleaning, text, done.droppedLines);
-    reportRepairs(cleaning, text, done.summaries, done.repairs);
+    const TextView original = cleaning.text ? TextView(text) : TextView(store->text);
+    placeDroppedLines(cleaning, original, done.droppedLines);
+    reportRepairs(cleaning, original, done.summaries, done.repairs);
     *report = std::move(done);
   }
   return cards;

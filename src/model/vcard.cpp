@@ -10,13 +10,15 @@ namespace cardwright {
 
 VCardPropertyDict VCard::propertyDict() const {
   VCardPropertyDict dict;
-  for (const auto& [key, list] : m_properties.entries()) {
+  for (const auto& [key, list] : properties().entries()) {
     dict.emplace(key.view(), list);
   }
   return dict;
 }
 
 void VCard::setPropertyDict(const VCardPropertyDict& dict) {
+  m_isUnread = false;
+  m_unread = {};
   m_properties = {};
   for (const auto& [key, list] : dict) {
     if (list != nullptr) {
@@ -26,25 +28,28 @@ void VCard::setPropertyDict(const VCardPropertyDict& dict) {
 }
 
 void VCard::addProperty(std::shared_ptr<VCardProperty> property) {
-  if (property == nullptr) {
-    return;
+  if (property != nullptr) {
+    addTo(properties(), std::move(property));
   }
+}
+
+void VCard::addTo(PropertyStore& properties, std::shared_ptr<VCardProperty> property) {
   const UpperCasedName key(property->name());
-  std::shared_ptr<VCardPropertyList>* list = m_properties.find(key.view());
+  std::shared_ptr<VCardPropertyList>* list = properties.find(key.view());
   if (list == nullptr) {
-    list = &m_properties.add(nameStorage(key.view()), std::make_shared<VCardPropertyList>());
+    list = &properties.add(nameStorage(key.view()), std::make_shared<VCardPropertyList>());
   }
   (*list)->push_back(std::move(property));
 }
 
 std::shared_ptr<VCardPropertyList> VCard::propertiesWithName(TextView name) const {
-  const std::shared_ptr<VCardPropertyList>* list = m_properties.find(UpperCasedName(name).view());
+  const std::shared_ptr<VCardPropertyList>* list = properties().find(UpperCasedName(name).view());
   return list != nullptr ? *list : nullptr;
 }
 
 std::optional<VCardPropertyList> VCard::propertiesWithName(TextView name,
                                                            std::optional<TextView> group) const {
-  const std::shared_ptr<VCardPropertyList>* list = m_properties.find(UpperCasedName(name).view());
+  const std::shared_ptr<VCardPropertyList>* list = properties().find(UpperCasedName(name).view());
   if (!group || list == nullptr) {
     return std::nullopt;
   }
@@ -58,11 +63,11 @@ std::optional<VCardPropertyList> VCard::propertiesWithName(TextView name,
 }
 
 bool VCard::removePropertiesWithName(TextView name) {
-  return m_properties.remove(UpperCasedName(name).view());
+  return properties().remove(UpperCasedName(name).view());
 }
 
 const VCardProperty* VCard::firstPropertyWithKey(TextView key) const {
-  const std::shared_ptr<VCardPropertyList>* list = m_properties.find(key);
+  const std::shared_ptr<VCardPropertyList>* list = properties().find(key);
   return list != nullptr && !(*list)->empty() ? (*list)->front().get() : nullptr;
 }
 
@@ -113,7 +118,7 @@ std::optional<std::chrono::sys_seconds> VCard::rev() const {
 }
 
 bool VCard::hasRev() const {
-  return m_properties.find(cVCardProperty_REV) != nullptr;
+  return properties().find(cVCardProperty_REV) != nullptr;
 }
 
 } // namespace cardwright

@@ -11,6 +11,7 @@
 #include "reader/numeric_entities.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <vector>
 
@@ -23,70 +24,108 @@ VersionCode versionCode(std::uint64_t stated) noexcept {
       std::min<std::uint64_t>(stated, std::numeric_limits<VersionCode>::max()));
 }
 
+bool isPartOf(TextView part, TextView text) noexcept {
+  return std::greater_equal<>()(part.data(), text.data()) &&
+         std::less<>()(part.data(), text.data() + text.size());
+}
+
+/// Whether the line is the boundary, blanks around it aside. No letter beyond ASCII folds to one
+/// of a boundary.
+bool isBoundary(TextView line, TextView boundary) {
+  if (line.size() < boundary.size() ||
+      (asciiUpper(line.front()) != boundary.front() && !isWhitespace(line.front()))) {
+    return false;
+  }
+  const TextView bare = trimWhitespace(line);
+  return bare.size() == boundary.size() && equalIgnoringCase(bare, boundary);
+}
+
+} // namespace
+
 /// What is known of a card while its lines are read.
 class CardAssembly {
  public:
-  explicit CardAssembly(ReadRecorder& recorder)
-      : m_formatter("en_US_POSIX"), m_recorder(recorder) {}
+  CardAssembly(const std::shared_ptr<detail::LineStore>& store, ReadRecorder& recorder)
+      : m_store(store), m_first(store->lines.size()), m_recorder(recorder) {}
 
   /// Takes one content line; true when it ends the card.
   bool take(TextView line, std::size_t offset) {
-    const TextView bare = trimWhitespace(line);
-    if (m_card == nullptr) {
-      if (equalIgnoringCase(bare, cVCardComponent_BEGINVCARD)) {
-        m_card = std::make_shared<VCard>();
+    if (!m_hasCard) {
+      m_hasCard = isBoundary(line, cVCardComponent_BEGINVCARD);
+      if (m_hasCard) {
         return false;
       }
-      if (bare.empty() || line.find(u':') == TextView::npos) {
+      if (trimWhitespace(line).empty() || line.find(u':') == TextView::npos) {
         m_recorder.lineDropped(DropReason::outsideCard, offset, line);
         return false;
       }
-      m_card = std::make_shared<VCard>();
+      m_hasCard = true;
     }
-    if (equalIgnoringCase(bare, cVCardComponent_ENDVCARD)) {
+    if (isBoundary(line, cVCardComponent_ENDVCARD)) {
       return true;
     }
-    auto property = std::make_shared<VCardProperty>();
-    const DropReason reason = ContentLineParser(m_version, &m_formatter).parse(line, *property);
-    if (reason != DropReason::none) {
-      m_recorder.lineDropped(reason, offset, line);
+    ContentLineCheck check = checkContentLine(line);
+    std::uint64_t version = 0;
+    if (check.reason == DropReason::none && check.isVersion) {
+      check.reason = readVersion(line, version);
+    }
+    if (check.reason != DropReason::none) {
+      m_recorder.lineDropped(check.reason, offset, line);
       return false;
     }
+    keep(line);
     if (m_version == 0) {
-      m_version = versionCode(property->versionValue());
+      m_version = versionCode(version);
+      m_countBeforeVersion = m_store->lines.size() - m_first;
     }
-    m_card->addProperty(std::move(property));
     m_recorder.propertyRead();
     return false;
   }
 
   /// The finished card, or null when none was begun.
   std::shared_ptr<VCard> finish() {
-    if (m_card != nullptr) {
-      if (m_version == 0) {
-        m_card->addProperty(VCardProperty::propertyForVersion(3));
-      }
-      m_recorder.cardRead();
+    if (!m_hasCard) {
+      return nullptr;
     }
-    return m_card;
+    auto card = std::make_shared<VCard>();
+    card->m_unread = {m_store, m_first, m_store->lines.size() - m_first, m_countBeforeVersion,
+                      m_version};
+    card->m_isUnread.store(true, std::memory_order_relaxed);
+    m_recorder.cardRead();
+    return card;
   }
 
  private:
-  std::shared_ptr<VCard> m_card;
+  DropReason readVersion(TextView line, std::uint64_t& version) const {
+    VCardProperty property;
+    DateFormatter formatter("en_US_POSIX");
+    const DropReason reason = ContentLineParser(m_version, &formatter).parse(line, property);
+    version = property.versionValue();
+    return reason;
+  }
+
+  void keep(TextView line) {
+    if (!isPartOf(line, m_store->text)) {
+      line = m_store->copies.emplace_front(line);
+    }
+    m_store->lines.push_back(line);
+  }
+
+  const std::shared_ptr<detail::LineStore>& m_store;
+  std::size_t m_first;
+  bool m_hasCard = false;
   VersionCode m_version = 0;
-  DateFormatter m_formatter;
+  std::size_t m_countBeforeVersion = 0;
   ReadRecorder& m_recorder;
 };
 
-} // namespace
+namespace {
 
-std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingParties parties) {
-  const std::size_t start = location;
-  while (location < text.size() && isWhitespaceOrNewline(text[location])) {
-    ++location;
-  }
-  CardAssembly assembly(*parties.recorder);
-  LineScanner lines(text, location);
+/// Reads the next card line by line into the store.
+std::shared_ptr<VCard> readLines(LineScanner& lines,
+                                 const std::shared_ptr<detail::LineStore>& store,
+                                 ReadRecorder& recorder) {
+  CardAssembly assembly(store, recorder);
   LogicalLine line{};
   std::vector<TextView> candidates;
   bool isFinished = false;
@@ -95,14 +134,30 @@ std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingPar
     cutMergedLine(decoded ? TextView(*decoded) : line.text, candidates);
     for (const TextView candidate : candidates) {
       if (isFinished) {
-        parties.recorder->lineDropped(DropReason::afterEnd, line.begin, candidate);
+        recorder.lineDropped(DropReason::afterEnd, line.begin, candidate);
       } else {
         isFinished = assembly.take(candidate, line.begin);
       }
     }
   }
+  return assembly.finish();
+}
+
+std::size_t skipBlanks(TextView text, std::size_t location) noexcept {
+  while (location < text.size() && isWhitespaceOrNewline(text[location])) {
+    ++location;
+  }
+  return location;
+}
+
+} // namespace
+
+std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingParties parties) {
+  const std::size_t start = location;
+  LineScanner lines(text, skipBlanks(text, start));
+  std::shared_ptr<VCard> card =
+      readLines(lines, std::make_shared<detail::LineStore>(), *parties.recorder);
   location = lines.location();
-  std::shared_ptr<VCard> card = assembly.finish();
   if (parties.contactsParser != nullptr && location > start && location <= text.size()) {
     VCard::updateVCardUsingCNContactSerializer(card, text.substr(start, location - start),
                                                parties.contactsParser);
@@ -110,12 +165,22 @@ std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingPar
   return card;
 }
 
-VCardList readAllCards(TextView text, ReadingParties parties) {
+VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingParties parties) {
   VCardList cards;
+  const std::size_t size = store->text.size();
   std::size_t location = 0;
-  while (location < text.size()) {
+  while (location < size) {
     const std::size_t before = location;
-    if (std::shared_ptr<VCard> card = readCard(text, location, parties)) {
+    std::shared_ptr<VCard> card;
+    if (parties.contactsParser == nullptr) {
+      LineScanner lines = LineScanner::inPlace(store->text, skipBlanks(store->text, location));
+      card = readLines(lines, store, *parties.recorder);
+      location = lines.location();
+    } else {
+      // The other parser sees the card's text as it is.
+      card = readCard(store->text, location, parties);
+    }
+    if (card != nullptr) {
       cards.push_back(std::move(card));
     }
     if (location == before) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/vcard.h"
+#include "reader/line_store.h"
 #include "reader/read_recorder.h"
 
 #include <cstddef>
@@ -20,7 +21,9 @@ struct ReadingParties {
 [[nodiscard]] std::shared_ptr<VCard> readCard(TextView text, std::size_t& location,
                                               ReadingParties parties);
 
-/// Reads all cards of such a text.
-[[nodiscard]] VCardList readAllCards(TextView text, ReadingParties parties);
+/// Reads all cards of the store's text. They share the store; its lines are joined in place, and
+/// only the number of its line breaks stays as it was.
+[[nodiscard]] VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store,
+                                     ReadingParties parties);
 
 } // namespace cardwright

@@ -20,39 +20,118 @@ TextView nameOfBareParameter(TextView propertyName, TextView text) {
   return isEncoding ? cVCardParameter_ENCODING : cVCardParameter_TYPE;
 }
 
-/// Reads the parameter whose ";" lies just before the location.
-DropReason parseParameter(TextView line, std::size_t& location, VCardProperty& property) {
-  const std::optional<TextView> first = scanToken(line, location, u"=;:", false);
-  if (!first) {
+/// What a walk along a content line comes upon: a property that is filled.
+class PropertyFilling {
+ public:
+  explicit PropertyFilling(VCardProperty& property) noexcept : m_property(property) {}
+
+  void parameter(TextView name, TextView value) {
+    m_parameter = VCardParameter::parameterWithName(name, value);
+  }
+  void bareParameter(TextView value) {
+    parameter(nameOfBareParameter(m_property.name(), value), value);
+  }
+  void furtherValue(TextView value) { m_parameter->addValue(value); }
+  void endParameter() { m_property.addParameter(m_parameter); }
+
+ private:
+  VCardProperty& m_property;
+  std::shared_ptr<VCardParameter> m_parameter;
+};
+
+/// Nothing, where only the form of the line matters.
+struct Ignoring {
+  void parameter(TextView /*name*/, TextView /*value*/) {}
+  void bareParameter(TextView /*value*/) {}
+  void furtherValue(TextView /*value*/) {}
+  void endParameter() {}
+};
+
+bool endsName(char16_t unit) noexcept {
+  return unit == u';' || unit == u':';
+}
+bool endsParameterName(char16_t unit) noexcept {
+  return unit == u'=' || unit == u';' || unit == u':';
+}
+bool endsParameterValue(char16_t unit) noexcept {
+  return unit == u',' || unit == u';' || unit == u':';
+}
+
+/// Walks along the parameter whose ";" lies just before the location.
+template <typename Sink>
+DropReason walkParameter(TextView line, std::size_t& location, Sink& sink) {
+  const std::optional<TextView> name = scanTokenUpTo(line, location, endsParameterName, false);
+  if (!name) {
     return location >= line.size() ? DropReason::missingColon : DropReason::emptyParameterName;
   }
-  TextView name = *first;
-  TextView value;
   if (line[location] == u'=') {
     ++location;
-    const std::optional<TextView> second = scanToken(line, location, u",;:", false);
-    if (!second) {
+    const std::optional<TextView> value = scanTokenUpTo(line, location, endsParameterValue, false);
+    if (!value) {
       return location >= line.size() ? DropReason::missingColon : DropReason::emptyParameterValue;
     }
-    value = *second;
+    sink.parameter(*name, *value);
   } else {
-    value = name;
-    name = nameOfBareParameter(property.name(), value);
+    sink.bareParameter(*name);
   }
-  const std::shared_ptr<VCardParameter> parameter = VCardParameter::parameterWithName(name, value);
   while (location < line.size() && line[location] == u',') {
     ++location;
-    const std::optional<TextView> further = scanToken(line, location, u",;:", false);
+    const std::optional<TextView> further =
+        scanTokenUpTo(line, location, endsParameterValue, false);
     if (!further) {
       break;
     }
-    parameter->addValue(*further);
+    sink.furtherValue(*further);
   }
-  property.addParameter(parameter);
+  sink.endParameter();
+  return DropReason::none;
+}
+
+/// Walks along a line from behind its name to behind the colon before its value.
+template <typename Sink>
+DropReason walkParameters(TextView line, std::size_t& location, Sink& sink) {
+  while (location < line.size()) {
+    const char16_t unit = line[location++];
+    if (unit == u':') {
+      return DropReason::none;
+    }
+    if (unit == u';') {
+      if (const DropReason reason = walkParameter(line, location, sink);
+          reason != DropReason::none) {
+        return reason;
+      }
+    }
+    // Anything else is stray text behind a closing quote.
+  }
+  return DropReason::missingColon;
+}
+
+/// The name at the front of a line, group and all.
+DropReason walkName(TextView line, std::size_t& location, TextView& name) {
+  const std::optional<TextView> token = scanTokenUpTo(line, location, endsName, false);
+  if (!token) {
+    return location >= line.size() ? DropReason::missingColon : DropReason::missingName;
+  }
+  name = *token;
   return DropReason::none;
 }
 
 } // namespace
+
+ContentLineCheck checkContentLine(TextView line) {
+  ContentLineCheck check;
+  std::size_t location = 0;
+  TextView name;
+  check.reason = walkName(line, location, name);
+  if (check.reason == DropReason::none) {
+    Ignoring ignoring;
+    check.reason = walkParameters(line, location, ignoring);
+  }
+  if (check.reason == DropReason::none && name.size() >= cVCardProperty_VERSION.size()) {
+    check.isVersion = equalIgnoringCase(name.substr(name.find(u'.') + 1), cVCardProperty_VERSION);
+  }
+  return check;
+}
 
 ContentLineParser::ContentLineParser(VersionCode version, DateFormatter* formatter)
     : m_version(version), m_formatter(formatter) {
@@ -63,34 +142,24 @@ ContentLineParser::ContentLineParser(VersionCode version, DateFormatter* formatt
 
 DropReason ContentLineParser::parse(TextView line, VCardProperty& property) const {
   std::size_t location = 0;
-  const std::optional<TextView> token = scanToken(line, location, u";:", false);
-  if (!token) {
-    return location >= line.size() ? DropReason::missingColon : DropReason::missingName;
+  TextView token;
+  if (const DropReason reason = walkName(line, location, token); reason != DropReason::none) {
+    return reason;
   }
-  const std::size_t dot = token->find(u'.');
+  const std::size_t dot = token.find(u'.');
   property.m_group.assign(dot == TextView::npos ? std::nullopt
-                                                : std::optional<TextView>(token->substr(0, dot)));
-  const TextView name = dot == TextView::npos ? *token : token->substr(dot + 1);
+                                                : std::optional<TextView>(token.substr(0, dot)));
+  const TextView name = dot == TextView::npos ? token : token.substr(dot + 1);
   property.m_name = nameStorage(UpperCasedName(name).view());
   property.m_parameters.reset();
   property.m_value.reset();
 
-  while (location < line.size()) {
-    const char16_t unit = line[location++];
-    if (unit == u';') {
-      if (const DropReason reason = parseParameter(line, location, property);
-          reason != DropReason::none) {
-        return reason;
-      }
-    } else if (unit == u':') {
-      parseValue(line.substr(location), property);
-      break;
-    }
-    // Anything else is stray text behind a closing quote.
+  PropertyFilling filling(property);
+  if (const DropReason reason = walkParameters(line, location, filling);
+      reason != DropReason::none) {
+    return reason;
   }
-  if (property.m_value == nullptr) {
-    return DropReason::missingColon;
-  }
+  parseValue(line.substr(location), property);
   if (equalIgnoringCase(property.name(), cVCardProperty_VERSION) && !property.textValue()) {
     return DropReason::versionWithoutText;
   }

@@ -2,9 +2,13 @@
 
 #include "base/ascii.h"
 #include "base/case.h"
+#include "base/line_counter.h"
+#include "base/scan_lanes.h"
 #include "cardwright/text_scanner.h"
 #include "cardwright/vcard_utils.h"
 #include "reader/address_book_server.h"
+
+#include <algorithm>
 
 namespace cardwright {
 
@@ -48,22 +52,31 @@ class HeaderExamination {
   State m_state = State::unknown;
 };
 
-/// A line that is a view until a second segment joins it.
+/// A line that is a view until a second segment joins it: then it grows in a buffer or, where it
+/// may, over what it consists of.
 class GrowingLine {
  public:
-  explicit GrowingLine(Text& buffer) noexcept : m_buffer(buffer) {}
+  /// @param buffer null where lines are joined in place
+  explicit GrowingLine(Text* buffer) noexcept : m_buffer(buffer) {}
 
-  void append(TextView segment) {
+  /// @returns the segment where it is now
+  TextView append(TextView segment) {
     if (m_view.empty()) {
       m_view = segment;
-      return;
-    }
-    if (!m_isJoined) {
-      m_buffer.assign(m_view);
+    } else if (m_buffer != nullptr) {
+      if (!m_isJoined) {
+        m_buffer->assign(m_view);
+      }
+      m_buffer->append(segment);
+      m_view = *m_buffer;
+      m_isJoined = true;
+    } else {
+      auto* const end = const_cast<char16_t*>(m_view.data() + m_view.size()); // NOLINT: ours
+      Text::traits_type::move(end, segment.data(), segment.size());
+      m_view = {m_view.data(), m_view.size() + segment.size()};
       m_isJoined = true;
     }
-    m_buffer.append(segment);
-    m_view = m_buffer;
+    return m_view.substr(m_view.size() - segment.size());
   }
 
   /// Removes the blanks and the "=" that the line ends in.
@@ -72,16 +85,24 @@ class GrowingLine {
       m_view.remove_suffix(1);
     }
     m_view.remove_suffix(1);
-    if (m_isJoined) {
-      m_buffer.resize(m_view.size());
+    if (m_isJoined && m_buffer != nullptr) {
+      m_buffer->resize(m_view.size());
     }
+  }
+
+  /// Fills what a line that was joined in place leaves free up to where its last segment ended.
+  void fillRest(const char16_t* end, std::size_t lineBreaks) const noexcept {
+    auto* const rest = const_cast<char16_t*>(m_view.data() + m_view.size()); // NOLINT: ours
+    auto* const breaks = const_cast<char16_t*>(end) - lineBreaks;            // NOLINT: ours
+    std::fill(rest, breaks, u' ');
+    std::fill(breaks, breaks + lineBreaks, u'\n');
   }
 
   [[nodiscard]] TextView view() const noexcept { return m_view; }
   [[nodiscard]] bool isJoined() const noexcept { return m_isJoined; }
 
  private:
-  Text& m_buffer;
+  Text* m_buffer;
   TextView m_view;
   bool m_isJoined = false;
 };
@@ -90,9 +111,7 @@ class GrowingLine {
 
 TextView LineScanner::scanSegment() noexcept {
   const std::size_t begin = m_location;
-  while (m_location < m_text.size() && !isLineTerminator(m_text[m_location])) {
-    ++m_location;
-  }
+  m_location = endOfLine(m_text, begin);
   return m_text.substr(begin, m_location - begin);
 }
 
@@ -107,14 +126,21 @@ bool LineScanner::next(LogicalLine& result) {
     return false;
   }
   result.begin = m_location;
-  GrowingLine line(m_buffer);
+  GrowingLine line(m_isInPlace ? nullptr : &m_buffer);
   HeaderExamination header;
+  std::size_t segmentsEnd = m_location;
+  std::size_t lineBreaks = 0;
   for (;;) {
-    const TextView segment = scanSegment();
+    const std::size_t gapEnd = m_location;
+    TextView segment = scanSegment();
     if (segment.empty()) {
       break;
     }
-    line.append(segment);
+    if (m_isInPlace && gapEnd != segmentsEnd) {
+      lineBreaks += lineBreaksIn(m_text.substr(segmentsEnd, gapEnd - segmentsEnd));
+    }
+    segmentsEnd = m_location;
+    segment = line.append(segment);
     const bool hasSoftBreak = endsInEqualsSign(segment) && header.isQuotedPrintable(line.view());
     skipLineTerminators();
     if (m_location < m_text.size() && isSpaceOrTab(m_text[m_location])) {
@@ -143,6 +169,9 @@ bool LineScanner::next(LogicalLine& result) {
             VCardUtils::headerWhitespaceCharacterSet())) {
       break;
     }
+  }
+  if (m_isInPlace && line.isJoined()) {
+    line.fillRest(m_text.data() + segmentsEnd, lineBreaks);
   }
   result.text = line.view();
   result.isJoined = line.isJoined();

@@ -10,7 +10,7 @@ namespace cardwright {
 struct LogicalLine {
   TextView text;     ///< part of the text that is read, or of the scanner's buffer
   std::size_t begin; ///< where its first physical line begins, in code units
-  bool isJoined;     ///< whether the text lies in the scanner's buffer
+  bool isJoined;     ///< whether it is several
 };
 
 /// Reads the logical lines of a text one after the other.
@@ -18,10 +18,18 @@ class LineScanner {
  public:
   LineScanner(TextView text, std::size_t location) noexcept : m_text(text), m_location(location) {}
 
+  /// Joins lines in the text itself, where all lines then stay valid. The text keeps its size and
+  /// the number of its line breaks up to any line that was not read yet.
+  [[nodiscard]] static LineScanner inPlace(Text& text, std::size_t location) noexcept {
+    LineScanner scanner(text, location);
+    scanner.m_isInPlace = true;
+    return scanner;
+  }
+
   /// Index of the next code unit to be read: the start of a physical line.
   [[nodiscard]] std::size_t location() const noexcept { return m_location; }
 
-  /// Reads the next line, which stays valid until the next call.
+  /// Reads the next line, which stays valid until the next call at least.
   /// @returns false when no code unit could be read
   bool next(LogicalLine& line);
 
@@ -32,6 +40,7 @@ class LineScanner {
   TextView m_text;
   std::size_t m_location;
   Text m_buffer;
+  bool m_isInPlace = false;
 };
 
 } // namespace cardwright

@@ -16,8 +16,9 @@ std::optional<VCardList> VCard::vCardsFromString(std::optional<TextView> text,
     *cleaningSummaries = std::move(cleaning.summaries);
   }
   ReadRecorder recorder(nullptr);
-  return readAllCards(cleaning.text ? TextView(*cleaning.text) : *text,
-                      {&recorder, contactsParser});
+  auto store = std::make_shared<detail::LineStore>();
+  store->text = cleaning.text ? std::move(*cleaning.text) : Text(*text);
+  return readAllCards(store, {&recorder, contactsParser});
 }
 
 VCardList VCard::vCardsFromString(std::string_view utf8, TextList* cleaningSummaries,

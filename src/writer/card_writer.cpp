@@ -64,7 +64,7 @@ bool isEmptyPhoto(const VCardProperty& property) {
 } // namespace
 
 TextList VCard::propertiesInSortOrder() const {
-  return keysInWrittenOrder(m_properties, propertyRank);
+  return keysInWrittenOrder(properties(), propertyRank);
 }
 
 void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
@@ -72,7 +72,7 @@ void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter
   const GroupIndex addressFormats(propertiesWithName(cVCardProperty_X_ABADR));
 
   VCardUtilities::appendCRLF(output, cVCardComponent_BEGINVCARD);
-  for (const auto& entry : inWrittenOrder(m_properties, propertyRank)) {
+  for (const auto& entry : inWrittenOrder(properties(), propertyRank)) {
     for (const std::shared_ptr<VCardProperty>& property : **entry.value) {
       if (property == nullptr || isCompanion(*property) || isEmptyPhoto(*property)) {
         continue;

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cardwright/text.h"
+
+#include <forward_list>
+#include <vector>
+
+namespace cardwright::detail {
+
+/// The content lines that cards are made of, and what they are views of. The cards of a text share
+/// it until each has read its lines.
+struct LineStore {
+  Text text;                      ///< never changes its place
+  std::forward_list<Text> copies; ///< lines that are no part of the text
+  std::vector<TextView> lines;
+};
+
+} // namespace cardwright::detail
