@@ -130,7 +130,8 @@ std::shared_ptr<VCard> readLines(LineScanner& lines,
   std::vector<TextView> candidates;
   bool isFinished = false;
   while (!isFinished && lines.next(line)) {
-    const std::optional<Text> decoded = decodedNumericEntities(line.text);
+    const std::optional<Text> decoded =
+        line.hasAmpersand ? decodedNumericEntities(line.text) : std::nullopt;
     cutMergedLine(decoded ? TextView(*decoded) : line.text, candidates);
     for (const TextView candidate : candidates) {
       if (isFinished) {

@@ -1,5 +1,6 @@
 #include "reader/content_line.h"
 
+#include "base/ascii.h"
 #include "base/case.h"
 #include "base/fatal.h"
 #include "base/whitespace.h"
@@ -116,6 +117,18 @@ DropReason walkName(TextView line, std::size_t& location, TextView& name) {
   return DropReason::none;
 }
 
+/// Whether a name, group and all, is that of a VERSION property. No text that is longer or shorter
+/// equals it without regard to case.
+bool isVersionName(TextView name) {
+  constexpr TextView kVersion = cVCardProperty_VERSION;
+  if (name.size() < kVersion.size()) {
+    return false;
+  }
+  const TextView bare = name.substr(name.find(u'.') + 1);
+  return bare.size() == kVersion.size() && asciiUpper(bare.front()) == kVersion.front() &&
+         equalIgnoringCase(bare, kVersion);
+}
+
 } // namespace
 
 ContentLineCheck checkContentLine(TextView line) {
@@ -127,9 +140,7 @@ ContentLineCheck checkContentLine(TextView line) {
     Ignoring ignoring;
     check.reason = walkParameters(line, location, ignoring);
   }
-  if (check.reason == DropReason::none && name.size() >= cVCardProperty_VERSION.size()) {
-    check.isVersion = equalIgnoringCase(name.substr(name.find(u'.') + 1), cVCardProperty_VERSION);
-  }
+  check.isVersion = check.reason == DropReason::none && isVersionName(name);
   return check;
 }
 

@@ -3,7 +3,6 @@
 #include "base/ascii.h"
 #include "base/case.h"
 #include "base/line_counter.h"
-#include "base/scan_lanes.h"
 #include "cardwright/text_scanner.h"
 #include "cardwright/vcard_utils.h"
 #include "reader/address_book_server.h"
@@ -109,10 +108,10 @@ class GrowingLine {
 
 } // namespace
 
-TextView LineScanner::scanSegment() noexcept {
-  const std::size_t begin = m_location;
-  m_location = endOfLine(m_text, begin);
-  return m_text.substr(begin, m_location - begin);
+LineMarks LineScanner::scanSegment() noexcept {
+  const LineMarks marks = marksOfLine(m_text, m_location);
+  m_location = marks.end;
+  return marks;
 }
 
 void LineScanner::skipLineTerminators() noexcept {
@@ -126,16 +125,19 @@ bool LineScanner::next(LogicalLine& result) {
     return false;
   }
   result.begin = m_location;
+  result.hasAmpersand = false;
   GrowingLine line(m_isInPlace ? nullptr : &m_buffer);
   HeaderExamination header;
   std::size_t segmentsEnd = m_location;
   std::size_t lineBreaks = 0;
   for (;;) {
     const std::size_t gapEnd = m_location;
-    TextView segment = scanSegment();
+    const LineMarks marks = scanSegment();
+    TextView segment = m_text.substr(gapEnd, marks.end - gapEnd);
     if (segment.empty()) {
       break;
     }
+    result.hasAmpersand = result.hasAmpersand || marks.hasAmpersand;
     if (m_isInPlace && gapEnd != segmentsEnd) {
       lineBreaks += lineBreaksIn(m_text.substr(segmentsEnd, gapEnd - segmentsEnd));
     }

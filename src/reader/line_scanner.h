@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/scan_lanes.h"
 #include "cardwright/text.h"
 
 #include <cstddef>
@@ -11,6 +12,7 @@ struct LogicalLine {
   TextView text;     ///< part of the text that is read, or of the scanner's buffer
   std::size_t begin; ///< where its first physical line begins, in code units
   bool isJoined;     ///< whether it is several
+  bool hasAmpersand; ///< whether the text holds "&"
 };
 
 /// Reads the logical lines of a text one after the other.
@@ -34,7 +36,7 @@ class LineScanner {
   bool next(LogicalLine& line);
 
  private:
-  [[nodiscard]] TextView scanSegment() noexcept;
+  [[nodiscard]] LineMarks scanSegment() noexcept;
   void skipLineTerminators() noexcept;
 
   TextView m_text;

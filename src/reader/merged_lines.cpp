@@ -63,7 +63,7 @@ void keepProperty(TextView piece, std::vector<TextView>& pieces) {
 
 void cutMergedLine(TextView line, std::vector<TextView>& pieces) {
   pieces.clear();
-  if (namesTwoProperties(line) && beginsWithAddressBookServerName(line)) {
+  if (beginsWithAddressBookServerName(line) && namesTwoProperties(line)) {
     PropertyBoundaryFinder finder(line);
     PropertyBoundary boundary{};
     std::size_t cut = 0;
