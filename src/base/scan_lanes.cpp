@@ -17,34 +17,63 @@ constexpr bool beginsPrefix(char16_t unit) noexcept {
   return asciiLower(unit) == u'x' || asciiLower(unit) == u'd';
 }
 
-void mark(TextView text, std::size_t at, std::size_t begin, LineMarks& marks,
-          bool& hasColon) noexcept {
-  switch (text[at]) {
-  case u':':
-    marks.hasFurtherColon = marks.hasFurtherColon || hasColon;
-    marks.colon = hasColon ? marks.colon : at;
-    hasColon = true;
-    break;
-  case u'&':
-    marks.hasAmpersand = true;
-    break;
-  case u'-':
-    marks.hasPrefixHyphen = marks.hasPrefixHyphen || (at > begin && beginsPrefix(text[at - 1]));
-    break;
-  default:
-    break;
-  }
-}
+/// Goes on with a line of which the part before `at` was looked at.
+class PlainLook {
+ public:
+  PlainLook(TextView text, std::size_t begin, LineMarks& marks, bool hasColon, bool hasSemicolon)
+      : m_text(text),
+        m_begin(begin),
+        m_marks(marks),
+        m_hasColon(hasColon),
+        m_hasSemicolon(hasSemicolon) {}
 
-LineMarks finishPlainly(TextView text, std::size_t at, std::size_t begin, LineMarks marks,
-                        bool hasColon) noexcept {
-  for (; at < text.size() && !isLineTerminator(text[at]); ++at) {
-    mark(text, at, begin, marks, hasColon);
+  void goOnFrom(std::size_t at) noexcept {
+    for (; at < m_text.size() && !isLineTerminator(m_text[at]); ++at) {
+      if (!m_hasColon) {
+        lookInHeader(at);
+      }
+      look(at);
+    }
+    finish(at);
   }
-  marks.end = at;
-  marks.colon = hasColon ? marks.colon : at;
-  return marks;
-}
+
+  void finish(std::size_t end) noexcept {
+    m_marks.end = end;
+    m_marks.colon = m_hasColon ? m_marks.colon : end;
+    m_marks.nameEnd = m_hasSemicolon ? m_marks.nameEnd : m_marks.colon;
+  }
+
+ private:
+  void lookInHeader(std::size_t at) noexcept {
+    const char16_t unit = m_text[at];
+    m_marks.hasDotInHeader = m_marks.hasDotInHeader || unit == u'.';
+    m_marks.hasOddHeader =
+        m_marks.hasOddHeader || unit == u'"' || unit == u'\\' || unit == u'\0' || !isAscii(unit);
+    if (unit == u';' && !m_hasSemicolon) {
+      m_marks.nameEnd = at;
+      m_hasSemicolon = true;
+    }
+  }
+
+  void look(std::size_t at) noexcept {
+    const char16_t unit = m_text[at];
+    if (unit == u':') {
+      m_marks.hasFurtherColon = m_marks.hasFurtherColon || m_hasColon;
+      m_marks.colon = m_hasColon ? m_marks.colon : at;
+      m_hasColon = true;
+    } else if (unit == u'&') {
+      m_marks.hasAmpersand = true;
+    } else if (unit == u'-' && at > m_begin && beginsPrefix(m_text[at - 1])) {
+      m_marks.hasPrefixHyphen = true;
+    }
+  }
+
+  TextView m_text;
+  std::size_t m_begin;
+  LineMarks& m_marks;
+  bool m_hasColon;
+  bool m_hasSemicolon;
+};
 
 #if defined(__SSE2__)
 
@@ -64,6 +93,13 @@ class Lanes {
     return bits(_mm_or_si128(_mm_cmpeq_epi8(m_units, _mm_set1_epi8('\r')),
                              _mm_cmpeq_epi8(m_units, _mm_set1_epi8('\n'))));
   }
+  [[nodiscard]] unsigned oddInHeader() const noexcept {
+    // The highest bit of a lane says by itself that the unit is not ASCII.
+    const __m128i odd = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(m_units, _mm_set1_epi8('"')),
+                                                  _mm_cmpeq_epi8(m_units, _mm_set1_epi8('\\'))),
+                                     _mm_cmpeq_epi8(m_units, _mm_setzero_si128()));
+    return bits(_mm_or_si128(odd, m_units));
+  }
   [[nodiscard]] unsigned prefixLetters() const noexcept {
     const __m128i lower = _mm_or_si128(m_units, _mm_set1_epi8(0x20));
     return bits(_mm_or_si128(_mm_cmpeq_epi8(lower, _mm_set1_epi8('x')),
@@ -81,6 +117,11 @@ class Lanes {
   __m128i m_units;
 };
 
+/// The bits below the lowest one that is set; all of them when none is.
+unsigned bitsBelowLowest(unsigned bits) noexcept {
+  return bits == 0 ? 0xFFFFU : (bits & (0U - bits)) - 1U;
+}
+
 std::size_t firstOf(unsigned bits) noexcept {
   return static_cast<std::size_t>(std::countr_zero(bits));
 }
@@ -90,7 +131,9 @@ std::size_t firstOf(unsigned bits) noexcept {
 } // namespace
 
 LineMarks marksOfLinePlainly(TextView text, std::size_t begin) noexcept {
-  return finishPlainly(text, begin, begin, {}, false);
+  LineMarks marks;
+  PlainLook(text, begin, marks, false, false).goOnFrom(begin);
+  return marks;
 }
 
 std::size_t endOfLinePlainly(TextView text, std::size_t begin) noexcept {
@@ -105,38 +148,50 @@ std::size_t endOfLinePlainly(TextView text, std::size_t begin) noexcept {
 LineMarks marksOfLine(TextView text, std::size_t begin) noexcept {
   LineMarks marks;
   bool hasColon = false;
+  bool hasSemicolon = false;
   unsigned ampersands = 0;
   unsigned prefixes = 0;
   unsigned carried = 0; // whether the last lane of the block before holds a prefix letter
+  unsigned terminators = 0;
   std::size_t at = begin;
-  bool isAtEnd = false;
-  for (; !isAtEnd && text.size() - at >= kLanes; at += isAtEnd ? 0 : kLanes) {
+  while (text.size() - at >= kLanes) {
     const Lanes lanes(text, at);
-    const unsigned terminators = lanes.lineTerminators();
-    const unsigned inLine = terminators == 0 ? 0xFFFFU : (terminators & (0U - terminators)) - 1U;
-    if (unsigned colons = lanes.equal(':') & inLine; colons != 0) {
-      if (!hasColon) {
+    terminators = lanes.lineTerminators();
+    const unsigned inLine = bitsBelowLowest(terminators);
+    unsigned colons = lanes.equal(':') & inLine;
+    if (!hasColon) {
+      const unsigned inHeader = inLine & bitsBelowLowest(colons);
+      const unsigned semicolons = lanes.equal(';') & inHeader;
+      if (!hasSemicolon && semicolons != 0) {
+        marks.nameEnd = at + firstOf(semicolons);
+        hasSemicolon = true;
+      }
+      marks.hasDotInHeader = marks.hasDotInHeader || (lanes.equal('.') & inHeader) != 0;
+      marks.hasOddHeader = marks.hasOddHeader || (lanes.oddInHeader() & inHeader) != 0;
+      if (colons != 0) {
         marks.colon = at + firstOf(colons);
         colons &= colons - 1U;
         hasColon = true;
       }
-      marks.hasFurtherColon = marks.hasFurtherColon || colons != 0;
     }
+    marks.hasFurtherColon = marks.hasFurtherColon || colons != 0;
     ampersands |= lanes.equal('&') & inLine;
     const unsigned letters = lanes.prefixLetters();
     prefixes |= lanes.equal('-') & inLine & ((letters << 1U) | carried);
     carried = letters >> (kLanes - 1);
     if (terminators != 0) {
-      marks.end = at + firstOf(terminators);
-      isAtEnd = true;
+      break;
     }
+    at += kLanes;
   }
   marks.hasAmpersand = ampersands != 0;
   marks.hasPrefixHyphen = prefixes != 0;
-  if (!isAtEnd) {
-    return finishPlainly(text, at, begin, marks, hasColon);
+  PlainLook look(text, begin, marks, hasColon, hasSemicolon);
+  if (terminators != 0) {
+    look.finish(at + firstOf(terminators));
+  } else {
+    look.goOnFrom(at);
   }
-  marks.colon = hasColon ? marks.colon : marks.end;
   return marks;
 }
 

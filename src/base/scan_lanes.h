@@ -13,6 +13,9 @@ namespace cardwright {
 struct LineMarks {
   std::size_t end = 0;          ///< where the line ends: at a CR, a LF or the end of the text
   std::size_t colon = 0;        ///< its first colon, or its end
+  std::size_t nameEnd = 0;      ///< the first ";" before the colon, or the colon
+  bool hasDotInHeader = false;  ///< a dot before the colon
+  bool hasOddHeader = false;    ///< double quotes, backslashes, NUL or non-ASCII before the colon
   bool hasFurtherColon = false; ///< a second colon
   bool hasAmpersand = false;
   bool hasPrefixHyphen = false; ///< a hyphen behind an "X" or "D", as extended names begin

@@ -39,24 +39,42 @@ struct Edits {
   }
 };
 
+SimpleLine::Kind simpleKindOf(const PlainLook& look) noexcept {
+  switch (look.kind) {
+  case PlainLine::cardBegin:
+    return SimpleLine::Kind::cardBegin;
+  case PlainLine::cardEnd:
+    return SimpleLine::Kind::cardEnd;
+  default:
+    return look.isBareProperty ? SimpleLine::Kind::bareProperty : SimpleLine::Kind::other;
+  }
+}
+
 /// Looks for what has to be repaired.
 class Inspection {
  public:
-  Inspection(TextView text, Cleaning& cleaning)
-      : m_text(text), m_cleaning(cleaning), m_duplicates(m_edits.repeats) {}
+  Inspection(TextView text, Cleaning& cleaning, SimpleLines* simpleLines)
+      : m_text(text),
+        m_cleaning(cleaning),
+        m_simpleLines(simpleLines),
+        m_duplicates(m_edits.repeats) {}
 
   Edits run() {
     LogicalLines lines(m_text);
     UnfoldedLine line;
     for (std::size_t number = 0;; ++number) {
-      const PlainLine plain = lines.passPlainLine();
-      if (plain == PlainLine::none && !lines.next(line)) {
+      const std::size_t begin = lines.location();
+      const PlainLook plain = lines.passPlainLine();
+      if (plain.kind == PlainLine::none && !lines.next(line)) {
         break;
       }
       ++m_cleaning.totalLines;
-      if (plain != PlainLine::none) {
-        m_duplicates.pass(plain);
+      if (plain.kind != PlainLine::none) {
+        m_duplicates.pass(plain.kind);
         ++m_outputLines;
+        if (m_simpleLines != nullptr && plain.simpleEnd) {
+          m_simpleLines->add(begin, *plain.simpleEnd, simpleKindOf(plain));
+        }
         continue;
       }
       if (lines.wasMerged()) {
@@ -93,6 +111,7 @@ class Inspection {
 
   TextView m_text;
   Cleaning& m_cleaning;
+  SimpleLines* m_simpleLines;
   Edits m_edits;
   DuplicateFinder m_duplicates;
   std::deque<Text> m_kept; ///< joined lines that may be asked for again
@@ -231,7 +250,7 @@ void translatePlaces(TextView original, TextView repaired, Cleaning& cleaning) {
 
 } // namespace
 
-Cleaning clean(TextView text) {
+Cleaning clean(TextView text, SimpleLines* simpleLines) {
   Cleaning cleaning;
   std::optional<Text> separated = repairedSeparators(text);
   const TextView source = separated ? TextView(*separated) : text;
@@ -239,9 +258,12 @@ Cleaning clean(TextView text) {
   if (!cleaning.isEnvelope) {
     return cleaning;
   }
-  const Edits edits = Inspection(source, cleaning).run();
+  const Edits edits = Inspection(source, cleaning, simpleLines).run();
   if (!edits.areEmpty()) {
     cleaning.text = joined(source, edits, cleaning);
+  }
+  if (simpleLines != nullptr && (separated || cleaning.text)) {
+    simpleLines->clear();
   }
   if (separated) {
     translatePlaces(text, source, cleaning);

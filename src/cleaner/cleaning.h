@@ -2,6 +2,7 @@
 
 #include "cardwright/cleaning_repair.h"
 #include "cardwright/text.h"
+#include "reader/simple_lines.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -30,7 +31,9 @@ struct Cleaning {
 
 /// Cleans a text: line ends, then lines one by one, then repeats of bookkeeping properties. A text
 /// is read once where nothing has to be repaired, and a second time to write what was.
-[[nodiscard]] Cleaning clean(TextView text);
+/// @param simpleLines receives the lines that the reader may take as they are, when nothing had to
+///                    be repaired, and stays empty otherwise
+[[nodiscard]] Cleaning clean(TextView text, SimpleLines* simpleLines = nullptr);
 
 /// Makes places in the cleaned text places in the text that was cleaned.
 /// @param offsets ascending

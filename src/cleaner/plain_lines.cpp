@@ -54,23 +54,12 @@ NameKind kindOfName(TextView name) {
 }
 
 /// The name in a header that is so plain that it stands where it seems to; else empty.
-TextView plainNameIn(TextView header) {
-  unsigned all = 0;
-  bool hasQuote = false;
-  std::size_t nameEnd = header.size();
-  bool hasGroup = false;
-  for (std::size_t i = header.size(); i > 0; --i) {
-    const char16_t unit = header[i - 1];
-    all |= unit;
-    hasQuote = hasQuote || unit == u'"';
-    hasGroup = hasGroup || unit == u'.';
-    nameEnd = unit == u';' ? i - 1 : nameEnd;
-  }
-  if (header.empty() || all >= 0x80 || hasQuote || isSpaceOrTab(header.front())) {
+TextView plainNameIn(TextView line, const LineMarks& marks, std::size_t begin) {
+  if (marks.hasOddHeader || marks.colon == marks.end || isSpaceOrTab(line.front())) {
     return {};
   }
-  const bool isEscaped = nameEnd > 0 && header[nameEnd - 1] == u'\\';
-  return hasGroup || isEscaped ? propertyNameIn(header) : header.substr(0, nameEnd);
+  const TextView name = line.substr(0, marks.nameEnd - begin);
+  return marks.hasDotInHeader ? propertyNameIn(line.substr(0, marks.colon - begin)) : name;
 }
 
 /// Whether an extended name may begin somewhere in the text.
@@ -80,6 +69,12 @@ bool holdsExtensionPrefix(TextView text) noexcept {
     hyphen = text.find(u'-', hyphen + 1);
   }
   return hyphen != TextView::npos;
+}
+
+/// Whether the reader may have more to do for the name: it cuts and indents such properties anew.
+bool isAddressBookServerName(TextView name) noexcept {
+  constexpr TextView kPrefix = u"X-ADDRESSBOOKSERVER-";
+  return asciiUpper(name.front()) == u'X' && isAsciiName(name.substr(0, kPrefix.size()), kPrefix);
 }
 
 std::size_t behindLineEnd(TextView text, std::size_t end) noexcept {
@@ -108,28 +103,34 @@ class Examination {
  public:
   Examination(TextView text, std::size_t begin) noexcept : m_text(text), m_begin(begin) {}
 
-  PlainLine run(std::size_t& next) {
+  PlainLook run() {
     const LineMarks marks = marksOfLine(m_text, m_begin);
-    m_header = m_text.substr(m_begin, marks.colon - m_begin);
     const TextView line = m_text.substr(m_begin, marks.end - m_begin);
-    if (marks.colon == marks.end || !standsAlone(line, m_header.size())) {
-      return PlainLine::none;
-    }
-    const TextView name = plainNameIn(m_header);
-    if (name.empty()) {
-      return PlainLine::none;
+    const TextView name = line.empty() ? TextView() : plainNameIn(line, marks, m_begin);
+    m_header = line.substr(0, marks.colon - m_begin);
+    if (name.empty() || !standsAlone(line, m_header.size())) {
+      return {};
     }
     m_kind = kindOfName(name);
-    next = behindLineEnd(m_text, marks.end);
-    const bool isFolded = isContinuation(m_text, next);
+    PlainLook look;
+    look.next = behindLineEnd(m_text, marks.end);
+    const bool isFolded = isContinuation(m_text, look.next);
     // A mark behind the fold would join a colon before it.
     const bool isColonAtFold = isFolded && marks.colon + 1 == marks.end;
     const bool needsNothing = m_kind != NameKind::remembered && holdsNoRepair(marks, line) &&
                               !mayBeContinued(line) &&
                               (!marks.hasFurtherColon ||
                                (m_kind != NameKind::note && !isFolded && !holdsTwoHeaders(line))) &&
-                              !isColonAtFold && (!isFolded || passContinuations(next));
-    return needsNothing ? answer(line) : PlainLine::none;
+                              !isColonAtFold && (!isFolded || passContinuations(look.next));
+    if (needsNothing) {
+      look.kind = kindOf(line);
+      if (!isFolded && !marks.hasAmpersand && !isAddressBookServerName(name)) {
+        look.simpleEnd = marks.end;
+        look.isBareProperty = look.kind == PlainLine::property && marks.nameEnd == marks.colon &&
+                              asciiUpper(m_header.back()) != u'N';
+      }
+    }
+    return look;
   }
 
  private:
@@ -162,15 +163,13 @@ class Examination {
     return true;
   }
 
-  [[nodiscard]] PlainLine answer(TextView line) const noexcept {
-    constexpr TextView kCard = u"VCARD";
-    const TextView value = line.substr(m_header.size() + 1).substr(0, kCard.size());
+  [[nodiscard]] PlainLine kindOf(TextView line) const noexcept {
     if (m_kind != NameKind::cardBegin && m_kind != NameKind::cardEnd) {
       return PlainLine::property;
     }
     // Any other line of these names is left to the passes themselves.
-    const bool isBoundary =
-        m_header.size() == (m_kind == NameKind::cardBegin ? 5 : 3) && isAsciiName(value, kCard);
+    const bool isBoundary = m_header.size() == (m_kind == NameKind::cardBegin ? 5 : 3) &&
+                            isAsciiName(line.substr(m_header.size() + 1), u"VCARD");
     if (!isBoundary) {
       return PlainLine::none;
     }
@@ -185,8 +184,8 @@ class Examination {
 
 } // namespace
 
-PlainLine plainLineAt(TextView text, std::size_t begin, std::size_t& next) {
-  return begin < text.size() ? Examination(text, begin).run(next) : PlainLine::none;
+PlainLook plainLineAt(TextView text, std::size_t begin) {
+  return begin < text.size() ? Examination(text, begin).run() : PlainLook();
 }
 
 } // namespace cardwright

@@ -3,6 +3,7 @@
 #include "cardwright/text.h"
 
 #include <cstddef>
+#include <optional>
 
 namespace cardwright {
 
@@ -15,8 +16,16 @@ enum class PlainLine {
   cardEnd    ///< plain, and ends a card
 };
 
+/// A plain line.
+struct PlainLook {
+  PlainLine kind = PlainLine::none;
+  std::size_t next = 0; ///< where the next line begins
+  /// Where the line ends, unless it has continuations or signs that the reader looks into.
+  std::optional<std::size_t> simpleEnd = std::nullopt;
+  bool isBareProperty = false; ///< whether there is nothing but a name before the value
+};
+
 /// Looks at the logical line that begins at `begin`, before the end of the text.
-/// @param next receives where the next line begins, unless the answer is none
-[[nodiscard]] PlainLine plainLineAt(TextView text, std::size_t begin, std::size_t& next);
+[[nodiscard]] PlainLook plainLineAt(TextView text, std::size_t begin);
 
 } // namespace cardwright

@@ -68,16 +68,15 @@ bool LogicalLines::next(UnfoldedLine& line) {
   return true;
 }
 
-PlainLine LogicalLines::passPlainLine() {
+PlainLook LogicalLines::passPlainLine() {
   if (m_hasAhead) {
-    return PlainLine::none;
+    return {};
   }
-  std::size_t next = 0;
-  const PlainLine kind = plainLineAt(m_unfolder.text(), m_unfolder.location(), next);
-  if (kind != PlainLine::none) {
-    m_unfolder.setLocation(next);
+  const PlainLook look = plainLineAt(m_unfolder.text(), m_unfolder.location());
+  if (look.kind != PlainLine::none) {
+    m_unfolder.setLocation(look.next);
   }
-  return kind;
+  return look;
 }
 
 TextList VCardCleaner::mergeQuotedPrintableSoftBreaks(const TextList& lines) {

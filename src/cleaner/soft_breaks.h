@@ -31,8 +31,11 @@ class LogicalLines {
   /// @returns false when there is no further line
   bool next(UnfoldedLine& line);
 
+  /// Where the next line begins; meaningless behind a line that was looked at ahead.
+  [[nodiscard]] std::size_t location() const noexcept { return m_unfolder.location(); }
+
   /// Steps over the next line if it is a plain one.
-  PlainLine passPlainLine();
+  PlainLook passPlainLine();
 
   /// Whether the last line was joined at soft breaks.
   [[nodiscard]] bool wasMerged() const noexcept { return m_wasMerged; }

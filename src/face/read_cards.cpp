@@ -7,7 +7,8 @@ namespace cardwright {
 VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOptions& options) {
   ReadReport done;
   Text text = decodedBytes(bytes, options.encoding, done.decoding);
-  Cleaning cleaning = options.clean ? clean(text) : Cleaning();
+  SimpleLines simpleLines;
+  Cleaning cleaning = options.clean ? clean(text, &simpleLines) : Cleaning();
   auto store = std::make_shared<detail::LineStore>();
   if (!cleaning.text) {
     store->text = std::move(text);
@@ -19,7 +20,7 @@ VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOption
     store->text = *cleaning.text;
   }
   ReadRecorder recorder(report != nullptr ? &done : nullptr);
-  VCardList cards = readAllCards(store, {&recorder, options.contactsParser});
+  VCardList cards = readAllCards(store, {&recorder, options.contactsParser}, simpleLines);
   if (report != nullptr) {
     const TextView original = cleaning.text ? TextView(text) : TextView(store->text);
     placeDroppedLines(cleaning, original, done.droppedLines);

@@ -6,6 +6,7 @@
 #include "cardwright/vcard_text_value.h"
 #include "cardwright/vocabulary.h"
 #include "model/known_names.h"
+#include "model/stated_version.h"
 
 #include <array>
 #include <cmath>
@@ -141,7 +142,11 @@ std::uint64_t VCardProperty::versionValue() const {
   if (!equalIgnoringCase(name(), cVCardProperty_VERSION)) {
     return 0;
   }
-  const double number = std::trunc(leadingNumber(textValue().value_or(TextView())));
+  return versionStatedBy(textValue().value_or(TextView()));
+}
+
+std::uint64_t versionStatedBy(TextView text) {
+  const double number = std::trunc(leadingNumber(text));
   constexpr double kTwoTo64 = 18446744073709551616.0;
   return number >= 0 && number < kTwoTo64 ? static_cast<std::uint64_t>(number) : 0;
 }

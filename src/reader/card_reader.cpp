@@ -5,6 +5,7 @@
 #include "cardwright/date_formatter.h"
 #include "cardwright/text_scanner.h"
 #include "cardwright/vocabulary.h"
+#include "model/stated_version.h"
 #include "reader/content_line.h"
 #include "reader/line_scanner.h"
 #include "reader/merged_lines.h"
@@ -40,6 +41,15 @@ bool isBoundary(TextView line, TextView boundary) {
   return bare.size() == boundary.size() && equalIgnoringCase(bare, boundary);
 }
 
+/// The version of a line that is nothing but the name and a plain text, as nearly all are.
+std::optional<std::uint64_t> plainlyStatedVersion(TextView line) {
+  constexpr TextView kHeader = u"VERSION:";
+  if (!line.starts_with(kHeader) || line.find(u'\\') != TextView::npos) {
+    return std::nullopt;
+  }
+  return versionStatedBy(line.substr(kHeader.size()));
+}
+
 } // namespace
 
 /// What is known of a card while its lines are read.
@@ -73,13 +83,21 @@ class CardAssembly {
       m_recorder.lineDropped(check.reason, offset, line);
       return false;
     }
-    keep(line);
-    if (m_version == 0) {
-      m_version = versionCode(version);
-      m_countBeforeVersion = m_store->lines.size() - m_first;
-    }
-    m_recorder.propertyRead();
+    keepProperty(line, version);
     return false;
+  }
+
+  /// The same for a line of which it is known what it is.
+  bool take(const SimpleLine& simple, TextView line) {
+    if (simple.kind == SimpleLine::Kind::bareProperty && m_hasCard) {
+      keepProperty(line, 0);
+      return false;
+    }
+    if (simple.kind == SimpleLine::Kind::cardBegin && !m_hasCard) {
+      m_hasCard = true;
+      return false;
+    }
+    return take(line, simple.begin);
   }
 
   /// The finished card, or null when none was begun.
@@ -97,6 +115,10 @@ class CardAssembly {
 
  private:
   DropReason readVersion(TextView line, std::uint64_t& version) const {
+    if (const std::optional<std::uint64_t> stated = plainlyStatedVersion(line)) {
+      version = *stated;
+      return DropReason::none;
+    }
     VCardProperty property;
     DateFormatter formatter("en_US_POSIX");
     const DropReason reason = ContentLineParser(m_version, &formatter).parse(line, property);
@@ -104,11 +126,17 @@ class CardAssembly {
     return reason;
   }
 
-  void keep(TextView line) {
+  /// @param version what a VERSION property states, otherwise 0
+  void keepProperty(TextView line, std::uint64_t version) {
     if (!isPartOf(line, m_store->text)) {
       line = m_store->copies.emplace_front(line);
     }
     m_store->lines.push_back(line);
+    if (m_version == 0) {
+      m_version = versionCode(version);
+      m_countBeforeVersion = m_store->lines.size() - m_first;
+    }
+    m_recorder.propertyRead();
   }
 
   const std::shared_ptr<detail::LineStore>& m_store;
@@ -122,14 +150,23 @@ class CardAssembly {
 namespace {
 
 /// Reads the next card line by line into the store.
-std::shared_ptr<VCard> readLines(LineScanner& lines,
+std::shared_ptr<VCard> readLines(LineScanner& lines, SimpleLineCursor& simpleLines,
                                  const std::shared_ptr<detail::LineStore>& store,
                                  ReadRecorder& recorder) {
   CardAssembly assembly(store, recorder);
   LogicalLine line{};
   std::vector<TextView> candidates;
   bool isFinished = false;
-  while (!isFinished && lines.next(line)) {
+  while (!isFinished) {
+    const SimpleLine* const simple = simpleLines.at(lines.location());
+    if (simple != nullptr && lines.stepOver(simple->begin + simple->size)) {
+      isFinished =
+          assembly.take(*simple, TextView(store->text).substr(simple->begin, simple->size));
+      continue;
+    }
+    if (!lines.next(line)) {
+      break;
+    }
     const std::optional<Text> decoded =
         line.hasAmpersand ? decodedNumericEntities(line.text) : std::nullopt;
     cutMergedLine(decoded ? TextView(*decoded) : line.text, candidates);
@@ -156,8 +193,9 @@ std::size_t skipBlanks(TextView text, std::size_t location) noexcept {
 std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingParties parties) {
   const std::size_t start = location;
   LineScanner lines(text, skipBlanks(text, start));
+  SimpleLineCursor none({});
   std::shared_ptr<VCard> card =
-      readLines(lines, std::make_shared<detail::LineStore>(), *parties.recorder);
+      readLines(lines, none, std::make_shared<detail::LineStore>(), *parties.recorder);
   location = lines.location();
   if (parties.contactsParser != nullptr && location > start && location <= text.size()) {
     VCard::updateVCardUsingCNContactSerializer(card, text.substr(start, location - start),
@@ -166,8 +204,10 @@ std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingPar
   return card;
 }
 
-VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingParties parties) {
+VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingParties parties,
+                       const SimpleLines& simpleLines) {
   VCardList cards;
+  SimpleLineCursor known(simpleLines.lines());
   const std::size_t size = store->text.size();
   std::size_t location = 0;
   while (location < size) {
@@ -175,7 +215,7 @@ VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingP
     std::shared_ptr<VCard> card;
     if (parties.contactsParser == nullptr) {
       LineScanner lines = LineScanner::inPlace(store->text, skipBlanks(store->text, location));
-      card = readLines(lines, store, *parties.recorder);
+      card = readLines(lines, known, store, *parties.recorder);
       location = lines.location();
     } else {
       // The other parser sees the card's text as it is.

@@ -3,6 +3,7 @@
 #include "cardwright/vcard.h"
 #include "reader/line_store.h"
 #include "reader/read_recorder.h"
+#include "reader/simple_lines.h"
 
 #include <cstddef>
 #include <memory>
@@ -23,7 +24,8 @@ struct ReadingParties {
 
 /// Reads all cards of the store's text. They share the store; its lines are joined in place, and
 /// only the number of its line breaks stays as it was.
+/// @param simpleLines what is known of the text's lines already
 [[nodiscard]] VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store,
-                                     ReadingParties parties);
+                                     ReadingParties parties, const SimpleLines& simpleLines = {});
 
 } // namespace cardwright

@@ -120,6 +120,17 @@ void LineScanner::skipLineTerminators() noexcept {
   }
 }
 
+bool LineScanner::stepOver(std::size_t end) noexcept {
+  const std::size_t begin = m_location;
+  m_location = end;
+  skipLineTerminators();
+  if (m_location < m_text.size() && isSpaceOrTab(m_text[m_location])) {
+    m_location = begin;
+    return false;
+  }
+  return true;
+}
+
 bool LineScanner::next(LogicalLine& result) {
   if (m_location >= m_text.size()) {
     return false;

@@ -31,6 +31,10 @@ class LineScanner {
   /// Index of the next code unit to be read: the start of a physical line.
   [[nodiscard]] std::size_t location() const noexcept { return m_location; }
 
+  /// Steps over a physical line that ends at `end`, and the line ends behind it.
+  /// @returns false, with nothing done, when it goes on in the next one
+  bool stepOver(std::size_t end) noexcept;
+
   /// Reads the next line, which stays valid until the next call at least.
   /// @returns false when no code unit could be read
   bool next(LogicalLine& line);

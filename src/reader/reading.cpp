@@ -11,14 +11,15 @@ std::optional<VCardList> VCard::vCardsFromString(std::optional<TextView> text,
   if (!text) {
     return std::nullopt;
   }
-  Cleaning cleaning = clean(*text);
+  SimpleLines simpleLines;
+  Cleaning cleaning = clean(*text, &simpleLines);
   if (cleaningSummaries != nullptr && cleaning.text) {
     *cleaningSummaries = std::move(cleaning.summaries);
   }
   ReadRecorder recorder(nullptr);
   auto store = std::make_shared<detail::LineStore>();
   store->text = cleaning.text ? std::move(*cleaning.text) : Text(*text);
-  return readAllCards(store, {&recorder, contactsParser});
+  return readAllCards(store, {&recorder, contactsParser}, simpleLines);
 }
 
 VCardList VCard::vCardsFromString(std::string_view utf8, TextList* cleaningSummaries,

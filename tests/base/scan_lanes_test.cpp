@@ -9,9 +9,9 @@ namespace cardwright {
 namespace {
 
 Text randomText(RandomSource& random, std::size_t size) {
-  static constexpr std::array<char16_t, 16> kUnits = {u'\r',  u'\n',  u':',   u'&',  u'-', u'x',
-                                                      u'X',   u'D',   u'd',   u'a',  u'b', u'"',
-                                                      0x00FF, 0x2D3A, 0xFF3A, 0x803A};
+  static constexpr std::array<char16_t, 20> kUnits = {
+      u'\r', u'\n', u':',   u'&',   u'-',   u'x',   u'X', u'D', u'd',  u'a',
+      u'b',  u'"',  0x00FF, 0x2D3A, 0xFF3A, 0x803A, u';', u'.', u'\\', 0};
   Text text;
   for (std::size_t i = 0; i < size; ++i) {
     text.push_back(random.chance(60) ? u'a' : random.oneOf(kUnits));

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "cardwright/text.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+namespace cardwright {
+
+/// A physical line that is a content line by itself, or the boundary of a card: nothing in it has
+/// to be decoded, joined or cut before it is read.
+struct SimpleLine {
+  enum class Kind : std::uint8_t {
+    bareProperty, ///< a property with nothing but a name before its value, not VERSION
+    other,        ///< a line whose form has still to be checked
+    cardBegin,
+    cardEnd
+  };
+
+  std::size_t begin;
+  std::uint32_t size;
+  Kind kind;
+};
+
+/// The simple lines of a text, noted by who went over it before the reader.
+class SimpleLines {
+ public:
+  /// Lines too long to be noted are left out.
+  void add(std::size_t begin, std::size_t end, SimpleLine::Kind kind) {
+    if (end - begin <= std::numeric_limits<std::uint32_t>::max()) {
+      m_lines.push_back({begin, static_cast<std::uint32_t>(end - begin), kind});
+    }
+  }
+  void clear() { m_lines = {}; }
+
+  [[nodiscard]] std::span<const SimpleLine> lines() const noexcept { return m_lines; }
+
+ private:
+  std::vector<SimpleLine> m_lines;
+};
+
+/// Finds the simple lines of a text at ascending places.
+class SimpleLineCursor {
+ public:
+  explicit SimpleLineCursor(std::span<const SimpleLine> lines) noexcept : m_lines(lines) {}
+
+  /// The simple line that begins at the location, or null.
+  [[nodiscard]] const SimpleLine* at(std::size_t location) noexcept {
+    while (!m_lines.empty() && m_lines.front().begin < location) {
+      m_lines = m_lines.subspan(1);
+    }
+    return !m_lines.empty() && m_lines.front().begin == location ? &m_lines.front() : nullptr;
+  }
+
+ private:
+  std::span<const SimpleLine> m_lines;
+};
+
+} // namespace cardwright
