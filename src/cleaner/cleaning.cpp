@@ -40,14 +40,11 @@ struct Edits {
 };
 
 SimpleLine::Kind simpleKindOf(const PlainLook& look) noexcept {
-  switch (look.kind) {
-  case PlainLine::cardBegin:
-    return SimpleLine::Kind::cardBegin;
-  case PlainLine::cardEnd:
-    return SimpleLine::Kind::cardEnd;
-  default:
+  if (look.kind == PlainLine::property) {
     return look.isBareProperty ? SimpleLine::Kind::bareProperty : SimpleLine::Kind::other;
   }
+  return look.kind == PlainLine::cardBegin ? SimpleLine::Kind::cardBegin
+                                           : SimpleLine::Kind::cardEnd;
 }
 
 /// Looks for what has to be repaired.
@@ -62,21 +59,22 @@ class Inspection {
   Edits run() {
     LogicalLines lines(m_text);
     UnfoldedLine line;
+    PlainLook plain{};
     for (std::size_t number = 0;; ++number) {
       const std::size_t begin = lines.location();
-      const PlainLook plain = lines.passPlainLine();
-      if (plain.kind == PlainLine::none && !lines.next(line)) {
-        break;
-      }
-      ++m_cleaning.totalLines;
-      if (plain.kind != PlainLine::none) {
-        m_duplicates.pass(plain.kind);
+      if (lines.passPlainLine(plain)) {
+        ++m_cleaning.totalLines;
         ++m_outputLines;
-        if (m_simpleLines != nullptr && plain.simpleEnd) {
-          m_simpleLines->add(begin, *plain.simpleEnd, simpleKindOf(plain));
+        m_duplicates.pass(plain.kind);
+        if (m_simpleLines != nullptr && plain.isSimple) {
+          m_simpleLines->add(begin, plain.end, simpleKindOf(plain));
         }
         continue;
       }
+      if (!lines.next(line)) {
+        break;
+      }
+      ++m_cleaning.totalLines;
       if (lines.wasMerged()) {
         m_edits.hasMerged = true;
         m_cleaning.repairs.push_back({CleaningRepairKind::softBreak,
@@ -257,6 +255,9 @@ Cleaning clean(TextView text, SimpleLines* simpleLines) {
   cleaning.isEnvelope = isEnvelopeOfCards(source);
   if (!cleaning.isEnvelope) {
     return cleaning;
+  }
+  if (simpleLines != nullptr) {
+    simpleLines->reserveFor(source.size());
   }
   const Edits edits = Inspection(source, cleaning, simpleLines).run();
   if (!edits.areEmpty()) {

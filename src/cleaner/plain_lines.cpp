@@ -103,16 +103,16 @@ class Examination {
  public:
   Examination(TextView text, std::size_t begin) noexcept : m_text(text), m_begin(begin) {}
 
-  PlainLook run() {
+  bool run(PlainLook& look) {
     const LineMarks marks = marksOfLine(m_text, m_begin);
     const TextView line = m_text.substr(m_begin, marks.end - m_begin);
     const TextView name = line.empty() ? TextView() : plainNameIn(line, marks, m_begin);
     m_header = line.substr(0, marks.colon - m_begin);
     if (name.empty() || !standsAlone(line, m_header.size())) {
-      return {};
+      return false;
     }
     m_kind = kindOfName(name);
-    PlainLook look;
+    look.end = marks.end;
     look.next = behindLineEnd(m_text, marks.end);
     const bool isFolded = isContinuation(m_text, look.next);
     // A mark behind the fold would join a colon before it.
@@ -122,15 +122,13 @@ class Examination {
                               (!marks.hasFurtherColon ||
                                (m_kind != NameKind::note && !isFolded && !holdsTwoHeaders(line))) &&
                               !isColonAtFold && (!isFolded || passContinuations(look.next));
-    if (needsNothing) {
-      look.kind = kindOf(line);
-      if (!isFolded && !marks.hasAmpersand && !isAddressBookServerName(name)) {
-        look.simpleEnd = marks.end;
-        look.isBareProperty = look.kind == PlainLine::property && marks.nameEnd == marks.colon &&
-                              asciiUpper(m_header.back()) != u'N';
-      }
+    if (!needsNothing || !isPlainKind(line, look.kind)) {
+      return false;
     }
-    return look;
+    look.isSimple = !isFolded && !marks.hasAmpersand && !isAddressBookServerName(name);
+    look.isBareProperty = look.kind == PlainLine::property && marks.nameEnd == marks.colon &&
+                          asciiUpper(m_header.back()) != u'N';
+    return true;
   }
 
  private:
@@ -163,17 +161,15 @@ class Examination {
     return true;
   }
 
-  [[nodiscard]] PlainLine kindOf(TextView line) const noexcept {
+  /// Tells what the line is; any but the plainest boundary is left to the passes themselves.
+  [[nodiscard]] bool isPlainKind(TextView line, PlainLine& kind) const noexcept {
     if (m_kind != NameKind::cardBegin && m_kind != NameKind::cardEnd) {
-      return PlainLine::property;
+      kind = PlainLine::property;
+      return true;
     }
-    // Any other line of these names is left to the passes themselves.
-    const bool isBoundary = m_header.size() == (m_kind == NameKind::cardBegin ? 5 : 3) &&
-                            isAsciiName(line.substr(m_header.size() + 1), u"VCARD");
-    if (!isBoundary) {
-      return PlainLine::none;
-    }
-    return m_kind == NameKind::cardBegin ? PlainLine::cardBegin : PlainLine::cardEnd;
+    kind = m_kind == NameKind::cardBegin ? PlainLine::cardBegin : PlainLine::cardEnd;
+    return m_header.size() == (m_kind == NameKind::cardBegin ? 5 : 3) &&
+           isAsciiName(line.substr(m_header.size() + 1), u"VCARD");
   }
 
   TextView m_text;
@@ -184,8 +180,8 @@ class Examination {
 
 } // namespace
 
-PlainLook plainLineAt(TextView text, std::size_t begin) {
-  return begin < text.size() ? Examination(text, begin).run() : PlainLook();
+bool plainLineAt(TextView text, std::size_t begin, PlainLook& look) {
+  return begin < text.size() && Examination(text, begin).run(look);
 }
 
 } // namespace cardwright

@@ -3,29 +3,26 @@
 #include "cardwright/text.h"
 
 #include <cstddef>
-#include <optional>
 
 namespace cardwright {
 
 /// What one look tells of a line. A plain line is one that no pass of the cleaner would change,
 /// join with its neighbours or remember; most lines are.
-enum class PlainLine {
-  none,      ///< not plain, or not to be told at a glance
-  property,  ///< plain
-  cardBegin, ///< plain, and begins a card
-  cardEnd    ///< plain, and ends a card
-};
+enum class PlainLine { property, cardBegin, cardEnd };
 
-/// A plain line.
+/// What is known of a plain line.
 struct PlainLook {
-  PlainLine kind = PlainLine::none;
-  std::size_t next = 0; ///< where the next line begins
-  /// Where the line ends, unless it has continuations or signs that the reader looks into.
-  std::optional<std::size_t> simpleEnd = std::nullopt;
-  bool isBareProperty = false; ///< whether there is nothing but a name before the value
+  PlainLine kind;
+  /// Whether there is nothing but a name before the value, and the line is no VERSION.
+  bool isBareProperty;
+  /// Whether the line has neither continuations nor signs that the reader looks into.
+  bool isSimple;
+  std::size_t end;  ///< where the first physical line ends
+  std::size_t next; ///< where the next line begins
 };
 
 /// Looks at the logical line that begins at `begin`, before the end of the text.
-[[nodiscard]] PlainLook plainLineAt(TextView text, std::size_t begin);
+/// @param look filled where the answer is true: the line is plain
+[[nodiscard]] bool plainLineAt(TextView text, std::size_t begin, PlainLook& look);
 
 } // namespace cardwright

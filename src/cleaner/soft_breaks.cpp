@@ -68,15 +68,12 @@ bool LogicalLines::next(UnfoldedLine& line) {
   return true;
 }
 
-PlainLook LogicalLines::passPlainLine() {
-  if (m_hasAhead) {
-    return {};
+bool LogicalLines::passPlainLine(PlainLook& look) {
+  if (m_hasAhead || !plainLineAt(m_unfolder.text(), m_unfolder.location(), look)) {
+    return false;
   }
-  const PlainLook look = plainLineAt(m_unfolder.text(), m_unfolder.location());
-  if (look.kind != PlainLine::none) {
-    m_unfolder.setLocation(look.next);
-  }
-  return look;
+  m_unfolder.setLocation(look.next);
+  return true;
 }
 
 TextList VCardCleaner::mergeQuotedPrintableSoftBreaks(const TextList& lines) {

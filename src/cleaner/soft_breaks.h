@@ -35,7 +35,7 @@ class LogicalLines {
   [[nodiscard]] std::size_t location() const noexcept { return m_unfolder.location(); }
 
   /// Steps over the next line if it is a plain one.
-  PlainLook passPlainLine();
+  bool passPlainLine(PlainLook& look);
 
   /// Whether the last line was joined at soft breaks.
   [[nodiscard]] bool wasMerged() const noexcept { return m_wasMerged; }

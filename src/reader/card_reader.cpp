@@ -89,15 +89,15 @@ class CardAssembly {
 
   /// The same for a line of which it is known what it is.
   bool take(const SimpleLine& simple, TextView line) {
-    if (simple.kind == SimpleLine::Kind::bareProperty && m_hasCard) {
+    if (simple.kind() == SimpleLine::Kind::bareProperty && m_hasCard) {
       keepProperty(line, 0);
       return false;
     }
-    if (simple.kind == SimpleLine::Kind::cardBegin && !m_hasCard) {
+    if (simple.kind() == SimpleLine::Kind::cardBegin && !m_hasCard) {
       m_hasCard = true;
       return false;
     }
-    return take(line, simple.begin);
+    return take(line, simple.begin());
   }
 
   /// The finished card, or null when none was begun.
@@ -159,9 +159,9 @@ std::shared_ptr<VCard> readLines(LineScanner& lines, SimpleLineCursor& simpleLin
   bool isFinished = false;
   while (!isFinished) {
     const SimpleLine* const simple = simpleLines.at(lines.location());
-    if (simple != nullptr && lines.stepOver(simple->begin + simple->size)) {
+    if (simple != nullptr && lines.stepOver(simple->begin() + simple->size())) {
       isFinished =
-          assembly.take(*simple, TextView(store->text).substr(simple->begin, simple->size));
+          assembly.take(*simple, TextView(store->text).substr(simple->begin(), simple->size()));
       continue;
     }
     if (!lines.next(line)) {
@@ -207,6 +207,7 @@ std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingPar
 VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingParties parties,
                        const SimpleLines& simpleLines) {
   VCardList cards;
+  store->lines.reserve(simpleLines.lines().size());
   SimpleLineCursor known(simpleLines.lines());
   const std::size_t size = store->text.size();
   std::size_t location = 0;

@@ -12,7 +12,8 @@ namespace cardwright {
 
 /// A physical line that is a content line by itself, or the boundary of a card: nothing in it has
 /// to be decoded, joined or cut before it is read.
-struct SimpleLine {
+class SimpleLine {
+ public:
   enum class Kind : std::uint8_t {
     bareProperty, ///< a property with nothing but a name before its value, not VERSION
     other,        ///< a line whose form has still to be checked
@@ -20,18 +21,30 @@ struct SimpleLine {
     cardEnd
   };
 
-  std::size_t begin;
-  std::uint32_t size;
-  Kind kind;
+  static constexpr std::uint32_t kLongest = std::numeric_limits<std::uint32_t>::max() >> 2U;
+
+  SimpleLine(std::uint32_t begin, std::uint32_t size, Kind kind) noexcept
+      : m_begin(begin), m_sizeAndKind((size << 2U) | static_cast<std::uint32_t>(kind)) {}
+
+  [[nodiscard]] std::size_t begin() const noexcept { return m_begin; }
+  [[nodiscard]] std::size_t size() const noexcept { return m_sizeAndKind >> 2U; }
+  [[nodiscard]] Kind kind() const noexcept { return static_cast<Kind>(m_sizeAndKind & 3U); }
+
+ private:
+  std::uint32_t m_begin;
+  std::uint32_t m_sizeAndKind;
 };
 
 /// The simple lines of a text, noted by who went over it before the reader.
 class SimpleLines {
  public:
-  /// Lines too long to be noted are left out.
+  /// Makes room for the lines of a text of ordinary cards.
+  void reserveFor(std::size_t textSize) { m_lines.reserve(textSize / kOrdinaryLine + 1); }
+  /// Lines that lie too far behind to be noted are left out.
   void add(std::size_t begin, std::size_t end, SimpleLine::Kind kind) {
-    if (end - begin <= std::numeric_limits<std::uint32_t>::max()) {
-      m_lines.push_back({begin, static_cast<std::uint32_t>(end - begin), kind});
+    if (end <= std::numeric_limits<std::uint32_t>::max() && end - begin <= SimpleLine::kLongest) {
+      m_lines.emplace_back(static_cast<std::uint32_t>(begin),
+                           static_cast<std::uint32_t>(end - begin), kind);
     }
   }
   void clear() { m_lines = {}; }
@@ -39,6 +52,8 @@ class SimpleLines {
   [[nodiscard]] std::span<const SimpleLine> lines() const noexcept { return m_lines; }
 
  private:
+  static constexpr std::size_t kOrdinaryLine = 24;
+
   std::vector<SimpleLine> m_lines;
 };
 
@@ -49,10 +64,10 @@ class SimpleLineCursor {
 
   /// The simple line that begins at the location, or null.
   [[nodiscard]] const SimpleLine* at(std::size_t location) noexcept {
-    while (!m_lines.empty() && m_lines.front().begin < location) {
+    while (!m_lines.empty() && m_lines.front().begin() < location) {
       m_lines = m_lines.subspan(1);
     }
-    return !m_lines.empty() && m_lines.front().begin == location ? &m_lines.front() : nullptr;
+    return !m_lines.empty() && m_lines.front().begin() == location ? &m_lines.front() : nullptr;
   }
 
  private:
