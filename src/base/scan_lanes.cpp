@@ -3,7 +3,6 @@
 #include "base/ascii.h"
 
 #include <bit>
-#include <cstdint>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -13,71 +12,46 @@ namespace cardwright {
 
 namespace {
 
-constexpr bool beginsPrefix(char16_t unit) noexcept {
+constexpr bool isPrefixLetter(char16_t unit) noexcept {
   return asciiLower(unit) == u'x' || asciiLower(unit) == u'd';
 }
 
-/// Goes on with a line of which the part before `at` was looked at.
-class PlainLook {
- public:
-  PlainLook(TextView text, std::size_t begin, LineMarks& marks, bool hasColon, bool hasSemicolon)
-      : m_text(text),
-        m_begin(begin),
-        m_marks(marks),
-        m_hasColon(hasColon),
-        m_hasSemicolon(hasSemicolon) {}
+constexpr bool isOddInHeader(char16_t unit) noexcept {
+  return unit == u'"' || unit == u'\\' || unit == u'&' || unit == u'\0' || !isAscii(unit);
+}
 
-  void goOnFrom(std::size_t at) noexcept {
-    for (; at < m_text.size() && !isLineTerminator(m_text[at]); ++at) {
-      if (!m_hasColon) {
-        lookInHeader(at);
-      }
-      look(at);
-    }
-    finish(at);
+/// Goes on with a piece that was looked at from `begin` to `at`.
+void lookAtValue(TextView text, std::size_t begin, std::size_t at, ValueMarks& marks) noexcept {
+  for (; at < text.size() && !isLineTerminator(text[at]); ++at) {
+    const char16_t unit = text[at];
+    marks.hasColon = marks.hasColon || unit == u':';
+    marks.hasAmpersand = marks.hasAmpersand || unit == u'&';
+    marks.hasPrefixHyphen =
+        marks.hasPrefixHyphen || (unit == u'-' && at > begin && isPrefixLetter(text[at - 1]));
   }
+  marks.end = at;
+}
 
-  void finish(std::size_t end) noexcept {
-    m_marks.end = end;
-    m_marks.colon = m_hasColon ? m_marks.colon : end;
-    m_marks.nameEnd = m_hasSemicolon ? m_marks.nameEnd : m_marks.colon;
-  }
-
- private:
-  void lookInHeader(std::size_t at) noexcept {
-    const char16_t unit = m_text[at];
-    m_marks.hasDotInHeader = m_marks.hasDotInHeader || unit == u'.';
-    m_marks.hasOddHeader =
-        m_marks.hasOddHeader || unit == u'"' || unit == u'\\' || unit == u'\0' || !isAscii(unit);
-    if (unit == u';' && !m_hasSemicolon) {
-      m_marks.nameEnd = at;
-      m_hasSemicolon = true;
+void lookAtHeader(TextView text, std::size_t at, bool hasSemicolon, HeaderMarks& marks) noexcept {
+  for (; at < text.size() && text[at] != u':' && !isLineTerminator(text[at]); ++at) {
+    marks.hasDot = marks.hasDot || text[at] == u'.';
+    marks.isOdd = marks.isOdd || isOddInHeader(text[at]);
+    if (text[at] == u';' && !hasSemicolon) {
+      marks.nameEnd = at;
+      hasSemicolon = true;
     }
   }
-
-  void look(std::size_t at) noexcept {
-    const char16_t unit = m_text[at];
-    if (unit == u':') {
-      m_marks.hasFurtherColon = m_marks.hasFurtherColon || m_hasColon;
-      m_marks.colon = m_hasColon ? m_marks.colon : at;
-      m_hasColon = true;
-    } else if (unit == u'&') {
-      m_marks.hasAmpersand = true;
-    } else if (unit == u'-' && at > m_begin && beginsPrefix(m_text[at - 1])) {
-      m_marks.hasPrefixHyphen = true;
-    }
-  }
-
-  TextView m_text;
-  std::size_t m_begin;
-  LineMarks& m_marks;
-  bool m_hasColon;
-  bool m_hasSemicolon;
-};
+  marks.end = at;
+  marks.nameEnd = hasSemicolon ? marks.nameEnd : at;
+  marks.hasColon = at < text.size() && text[at] == u':';
+}
 
 #if defined(__SSE2__)
 
 constexpr std::size_t kLanes = 16;
+
+/// One bit for each lane.
+using Bits = unsigned;
 
 /// Sixteen units as bytes. Units beyond a byte become 0xFF or 0, which are no signs of the syntax.
 class Lanes {
@@ -85,22 +59,24 @@ class Lanes {
   Lanes(TextView text, std::size_t at) noexcept
       : m_units(_mm_packus_epi16(load(text.data() + at), load(text.data() + at + kLanes / 2))) {}
 
-  /// One bit for each lane that holds the sign.
-  [[nodiscard]] unsigned equal(char sign) const noexcept {
-    return bits(_mm_cmpeq_epi8(m_units, _mm_set1_epi8(sign)));
+  [[nodiscard]] Bits equal(char sign) const noexcept { return bits(isEqual(sign)); }
+
+  [[nodiscard]] Bits lineTerminators() const noexcept { return bits(areLineTerminators()); }
+
+  /// Where anything is that ends a value or is marked in it.
+  [[nodiscard]] Bits signsInValue() const noexcept {
+    return bits(_mm_or_si128(_mm_or_si128(areLineTerminators(), isEqual('-')),
+                             _mm_or_si128(isEqual(':'), isEqual('&'))));
   }
-  [[nodiscard]] unsigned lineTerminators() const noexcept {
-    return bits(_mm_or_si128(_mm_cmpeq_epi8(m_units, _mm_set1_epi8('\r')),
-                             _mm_cmpeq_epi8(m_units, _mm_set1_epi8('\n'))));
-  }
-  [[nodiscard]] unsigned oddInHeader() const noexcept {
+
+  [[nodiscard]] Bits oddInHeader() const noexcept {
+    const __m128i odd = _mm_or_si128(_mm_or_si128(isEqual('"'), isEqual('\\')),
+                                     _mm_or_si128(isEqual('&'), isEqual('\0')));
     // The highest bit of a lane says by itself that the unit is not ASCII.
-    const __m128i odd = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(m_units, _mm_set1_epi8('"')),
-                                                  _mm_cmpeq_epi8(m_units, _mm_set1_epi8('\\'))),
-                                     _mm_cmpeq_epi8(m_units, _mm_setzero_si128()));
     return bits(_mm_or_si128(odd, m_units));
   }
-  [[nodiscard]] unsigned prefixLetters() const noexcept {
+
+  [[nodiscard]] Bits prefixLetters() const noexcept {
     const __m128i lower = _mm_or_si128(m_units, _mm_set1_epi8(0x20));
     return bits(_mm_or_si128(_mm_cmpeq_epi8(lower, _mm_set1_epi8('x')),
                              _mm_cmpeq_epi8(lower, _mm_set1_epi8('d'))));
@@ -110,19 +86,23 @@ class Lanes {
   static __m128i load(const char16_t* units) noexcept {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(units)); // NOLINT: unaligned by design
   }
-  static unsigned bits(__m128i lanes) noexcept {
-    return static_cast<unsigned>(_mm_movemask_epi8(lanes));
+  static Bits bits(__m128i lanes) noexcept { return static_cast<Bits>(_mm_movemask_epi8(lanes)); }
+  [[nodiscard]] __m128i isEqual(char sign) const noexcept {
+    return _mm_cmpeq_epi8(m_units, _mm_set1_epi8(sign));
+  }
+  [[nodiscard]] __m128i areLineTerminators() const noexcept {
+    return _mm_or_si128(isEqual('\r'), isEqual('\n'));
   }
 
   __m128i m_units;
 };
 
 /// The bits below the lowest one that is set; all of them when none is.
-unsigned bitsBelowLowest(unsigned bits) noexcept {
+Bits bitsBelowLowest(Bits bits) noexcept {
   return bits == 0 ? 0xFFFFU : (bits & (0U - bits)) - 1U;
 }
 
-std::size_t firstOf(unsigned bits) noexcept {
+std::size_t firstOf(Bits bits) noexcept {
   return static_cast<std::size_t>(std::countr_zero(bits));
 }
 
@@ -130,9 +110,15 @@ std::size_t firstOf(unsigned bits) noexcept {
 
 } // namespace
 
-LineMarks marksOfLinePlainly(TextView text, std::size_t begin) noexcept {
-  LineMarks marks;
-  PlainLook(text, begin, marks, false, false).goOnFrom(begin);
+ValueMarks marksOfValuePlainly(TextView text, std::size_t begin) noexcept {
+  ValueMarks marks;
+  lookAtValue(text, begin, begin, marks);
+  return marks;
+}
+
+HeaderMarks marksOfHeaderPlainly(TextView text, std::size_t begin) noexcept {
+  HeaderMarks marks;
+  lookAtHeader(text, begin, false, marks);
   return marks;
 }
 
@@ -145,59 +131,63 @@ std::size_t endOfLinePlainly(TextView text, std::size_t begin) noexcept {
 
 #if defined(__SSE2__)
 
-LineMarks marksOfLine(TextView text, std::size_t begin) noexcept {
-  LineMarks marks;
-  bool hasColon = false;
-  bool hasSemicolon = false;
-  unsigned ampersands = 0;
-  unsigned prefixes = 0;
-  unsigned carried = 0; // whether the last lane of the block before holds a prefix letter
-  unsigned terminators = 0;
+ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
+  ValueMarks marks;
   std::size_t at = begin;
-  while (text.size() - at >= kLanes) {
+  for (; text.size() - at >= kLanes; at += kLanes) {
     const Lanes lanes(text, at);
-    terminators = lanes.lineTerminators();
-    const unsigned inLine = bitsBelowLowest(terminators);
-    unsigned colons = lanes.equal(':') & inLine;
-    if (!hasColon) {
-      const unsigned inHeader = inLine & bitsBelowLowest(colons);
-      const unsigned semicolons = lanes.equal(';') & inHeader;
-      if (!hasSemicolon && semicolons != 0) {
-        marks.nameEnd = at + firstOf(semicolons);
-        hasSemicolon = true;
-      }
-      marks.hasDotInHeader = marks.hasDotInHeader || (lanes.equal('.') & inHeader) != 0;
-      marks.hasOddHeader = marks.hasOddHeader || (lanes.oddInHeader() & inHeader) != 0;
-      if (colons != 0) {
-        marks.colon = at + firstOf(colons);
-        colons &= colons - 1U;
-        hasColon = true;
-      }
+    if (lanes.signsInValue() == 0) {
+      continue;
     }
-    marks.hasFurtherColon = marks.hasFurtherColon || colons != 0;
-    ampersands |= lanes.equal('&') & inLine;
-    const unsigned letters = lanes.prefixLetters();
-    prefixes |= lanes.equal('-') & inLine & ((letters << 1U) | carried);
-    carried = letters >> (kLanes - 1);
+    const Bits terminators = lanes.lineTerminators();
+    const Bits inLine = bitsBelowLowest(terminators);
+    marks.hasColon = marks.hasColon || (lanes.equal(':') & inLine) != 0;
+    marks.hasAmpersand = marks.hasAmpersand || (lanes.equal('&') & inLine) != 0;
+    if (const Bits hyphens = lanes.equal('-') & inLine; hyphens != 0 && !marks.hasPrefixHyphen) {
+      // The lanes one unit further to the front; the piece's first unit has none before it.
+      const Bits before =
+          at > begin ? Lanes(text, at - 1).prefixLetters() : lanes.prefixLetters() << 1U;
+      marks.hasPrefixHyphen = (hyphens & before) != 0;
+    }
     if (terminators != 0) {
-      break;
+      marks.end = at + firstOf(terminators);
+      return marks;
     }
-    at += kLanes;
   }
-  marks.hasAmpersand = ampersands != 0;
-  marks.hasPrefixHyphen = prefixes != 0;
-  PlainLook look(text, begin, marks, hasColon, hasSemicolon);
-  if (terminators != 0) {
-    look.finish(at + firstOf(terminators));
-  } else {
-    look.goOnFrom(at);
+  lookAtValue(text, begin, at, marks);
+  return marks;
+}
+
+HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
+  HeaderMarks marks;
+  bool hasSemicolon = false;
+  std::size_t at = begin;
+  for (; text.size() - at >= kLanes; at += kLanes) {
+    const Lanes lanes(text, at);
+    const Bits colons = lanes.equal(':');
+    const Bits ends = colons | lanes.lineTerminators();
+    const Bits inHeader = bitsBelowLowest(ends);
+    const Bits semicolons = lanes.equal(';') & inHeader;
+    if (!hasSemicolon && semicolons != 0) {
+      marks.nameEnd = at + firstOf(semicolons);
+      hasSemicolon = true;
+    }
+    marks.hasDot = marks.hasDot || (lanes.equal('.') & inHeader) != 0;
+    marks.isOdd = marks.isOdd || (lanes.oddInHeader() & inHeader) != 0;
+    if (ends != 0) {
+      marks.end = at + firstOf(ends);
+      marks.nameEnd = hasSemicolon ? marks.nameEnd : marks.end;
+      marks.hasColon = text[marks.end] == u':';
+      return marks;
+    }
   }
+  lookAtHeader(text, at, hasSemicolon, marks);
   return marks;
 }
 
 std::size_t endOfLine(TextView text, std::size_t begin) noexcept {
   for (; text.size() - begin >= kLanes; begin += kLanes) {
-    if (const unsigned terminators = Lanes(text, begin).lineTerminators(); terminators != 0) {
+    if (const Bits terminators = Lanes(text, begin).lineTerminators(); terminators != 0) {
       return begin + firstOf(terminators);
     }
   }
@@ -205,14 +195,14 @@ std::size_t endOfLine(TextView text, std::size_t begin) noexcept {
 }
 
 std::size_t findDoubleCr(TextView text) noexcept {
-  // Line ends are far apart, so a block that holds any is looked at plainly.
   std::size_t at = 0;
   for (; text.size() - at > kLanes; at += kLanes) {
-    unsigned crs = Lanes(text, at).equal('\r');
-    for (; crs != 0; crs &= crs - 1U) {
-      const std::size_t cr = at + firstOf(crs);
-      if (text[cr + 1] == u'\r') {
-        return cr;
+    const Bits crs = Lanes(text, at).equal('\r');
+    // The lanes one unit further to the back.
+    if (crs != 0) {
+      const Bits pairs = crs & Lanes(text, at + 1).equal('\r');
+      if (pairs != 0) {
+        return at + firstOf(pairs);
       }
     }
   }
@@ -221,8 +211,12 @@ std::size_t findDoubleCr(TextView text) noexcept {
 
 #else
 
-LineMarks marksOfLine(TextView text, std::size_t begin) noexcept {
-  return marksOfLinePlainly(text, begin);
+ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
+  return marksOfValuePlainly(text, begin);
+}
+
+HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
+  return marksOfHeaderPlainly(text, begin);
 }
 
 std::size_t endOfLine(TextView text, std::size_t begin) noexcept {

@@ -54,12 +54,11 @@ NameKind kindOfName(TextView name) {
 }
 
 /// The name in a header that is so plain that it stands where it seems to; else empty.
-TextView plainNameIn(TextView line, const LineMarks& marks, std::size_t begin) {
-  if (marks.hasOddHeader || marks.colon == marks.end || isSpaceOrTab(line.front())) {
+TextView plainNameIn(TextView header, const HeaderMarks& marks, std::size_t begin) {
+  if (marks.isOdd || !marks.hasColon || header.empty() || isSpaceOrTab(header.front())) {
     return {};
   }
-  const TextView name = line.substr(0, marks.nameEnd - begin);
-  return marks.hasDotInHeader ? propertyNameIn(line.substr(0, marks.colon - begin)) : name;
+  return marks.hasDot ? propertyNameIn(header) : header.substr(0, marks.nameEnd - begin);
 }
 
 /// Whether an extended name may begin somewhere in the text.
@@ -104,36 +103,40 @@ class Examination {
   Examination(TextView text, std::size_t begin) noexcept : m_text(text), m_begin(begin) {}
 
   bool run(PlainLook& look) {
-    const LineMarks marks = marksOfLine(m_text, m_begin);
-    const TextView line = m_text.substr(m_begin, marks.end - m_begin);
-    const TextView name = line.empty() ? TextView() : plainNameIn(line, marks, m_begin);
-    m_header = line.substr(0, marks.colon - m_begin);
-    if (name.empty() || !standsAlone(line, m_header.size())) {
+    const HeaderMarks header = marksOfHeader(m_text, m_begin);
+    m_header = m_text.substr(m_begin, header.end - m_begin);
+    const TextView name = plainNameIn(m_header, header, m_begin);
+    if (name.empty()) {
       return false;
     }
     m_kind = kindOfName(name);
+    const ValueMarks marks = marksOfValue(m_text, header.end + 1);
+    const TextView line = m_text.substr(m_begin, marks.end - m_begin);
+    if (!standsAlone(line, m_header.size())) {
+      return false;
+    }
     look.end = marks.end;
     look.next = behindLineEnd(m_text, marks.end);
     const bool isFolded = isContinuation(m_text, look.next);
     // A mark behind the fold would join a colon before it.
-    const bool isColonAtFold = isFolded && marks.colon + 1 == marks.end;
-    const bool needsNothing = m_kind != NameKind::remembered && holdsNoRepair(marks, line) &&
-                              !mayBeContinued(line) &&
-                              (!marks.hasFurtherColon ||
-                               (m_kind != NameKind::note && !isFolded && !holdsTwoHeaders(line))) &&
-                              !isColonAtFold && (!isFolded || passContinuations(look.next));
+    const bool isColonAtFold = isFolded && header.end + 1 == marks.end;
+    const bool needsNothing =
+        m_kind != NameKind::remembered && holdsNoRepair(marks, line.substr(m_header.size() + 1)) &&
+        !mayBeContinued(line) &&
+        (!marks.hasColon || (m_kind != NameKind::note && !isFolded && !holdsTwoHeaders(line))) &&
+        !isColonAtFold && (!isFolded || passContinuations(look.next));
     if (!needsNothing || !isPlainKind(line, look.kind)) {
       return false;
     }
     look.isSimple = !isFolded && !marks.hasAmpersand && !isAddressBookServerName(name);
-    look.isBareProperty = look.kind == PlainLine::property && marks.nameEnd == marks.colon &&
+    look.isBareProperty = look.kind == PlainLine::property && header.nameEnd == header.end &&
                           asciiUpper(m_header.back()) != u'N';
     return true;
   }
 
  private:
   /// Whether a piece of the value has none of the signs that repairs begin with, colons aside.
-  [[nodiscard]] bool holdsNoRepair(const LineMarks& marks, TextView piece) const noexcept {
+  [[nodiscard]] bool holdsNoRepair(const ValueMarks& marks, TextView piece) const noexcept {
     if (m_kind == NameKind::note) {
       return !marks.hasAmpersand;
     }
@@ -147,13 +150,12 @@ class Examination {
   bool passContinuations(std::size_t& next) const {
     while (isContinuation(m_text, next)) {
       const std::size_t begin = next + 1;
-      const LineMarks marks = marksOfLine(m_text, begin);
+      const ValueMarks marks = marksOfValue(m_text, begin);
       const TextView piece = m_text.substr(begin, marks.end - begin);
       // The fold may have torn the "VND-" or "X-" that an extended name begins with.
       const bool mayTearName = m_kind != NameKind::note && m_kind != NameKind::extension &&
                                piece.substr(0, 3).find(u'-') != TextView::npos;
-      if (marks.colon != marks.end || mayTearName || !holdsNoRepair(marks, piece) ||
-          mayBeContinued(piece)) {
+      if (marks.hasColon || mayTearName || !holdsNoRepair(marks, piece) || mayBeContinued(piece)) {
         return false;
       }
       next = behindLineEnd(m_text, marks.end);

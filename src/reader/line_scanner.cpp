@@ -108,8 +108,8 @@ class GrowingLine {
 
 } // namespace
 
-LineMarks LineScanner::scanSegment() noexcept {
-  const LineMarks marks = marksOfLine(m_text, m_location);
+ValueMarks LineScanner::scanSegment() noexcept {
+  const ValueMarks marks = marksOfValue(m_text, m_location);
   m_location = marks.end;
   return marks;
 }
@@ -143,7 +143,7 @@ bool LineScanner::next(LogicalLine& result) {
   std::size_t lineBreaks = 0;
   for (;;) {
     const std::size_t gapEnd = m_location;
-    const LineMarks marks = scanSegment();
+    const ValueMarks marks = scanSegment();
     TextView segment = m_text.substr(gapEnd, marks.end - gapEnd);
     if (segment.empty()) {
       break;

@@ -40,7 +40,7 @@ class LineScanner {
   bool next(LogicalLine& line);
 
  private:
-  [[nodiscard]] LineMarks scanSegment() noexcept;
+  [[nodiscard]] ValueMarks scanSegment() noexcept;
   void skipLineTerminators() noexcept;
 
   TextView m_text;

@@ -24,7 +24,8 @@ TEST(ScanLanes, findWhatThePlainFormsFind) {
   for (int round = 0; round < 20000; ++round) {
     const Text text = randomText(random, random.below(80));
     const std::size_t begin = random.below(text.size() + 1);
-    ASSERT_EQ(marksOfLine(text, begin), marksOfLinePlainly(text, begin));
+    ASSERT_EQ(marksOfHeader(text, begin), marksOfHeaderPlainly(text, begin));
+    ASSERT_EQ(marksOfValue(text, begin), marksOfValuePlainly(text, begin));
     ASSERT_EQ(endOfLine(text, begin), endOfLinePlainly(text, begin));
   }
 }
@@ -46,24 +47,37 @@ TEST(ScanLanes, findDoubleCrsWhereverTheyStand) {
   }
 }
 
-TEST(ScanLanes, markWhatALineHolds) {
-  const Text text = u"A;B=X-C:a:b&c\r\nD";
-  const LineMarks marks = marksOfLine(text, 0);
-  EXPECT_EQ(marks.end, 13U);
-  EXPECT_EQ(marks.colon, 7U);
-  EXPECT_TRUE(marks.hasFurtherColon);
-  EXPECT_TRUE(marks.hasAmpersand);
-  EXPECT_TRUE(marks.hasPrefixHyphen);
-  const LineMarks last = marksOfLine(text, 15);
-  EXPECT_EQ(last.end, 16U);
-  EXPECT_EQ(last.colon, 16U);
-  EXPECT_FALSE(last.hasFurtherColon);
+TEST(ScanLanes, markWhatAHeaderHolds) {
+  const Text text = u"a.B;C=X-D;E:a:b&c\r\nD";
+  const HeaderMarks marks = marksOfHeader(text, 0);
+  EXPECT_EQ(marks.end, 11U);
+  EXPECT_EQ(marks.nameEnd, 3U);
+  EXPECT_TRUE(marks.hasColon);
+  EXPECT_TRUE(marks.hasDot);
+  EXPECT_FALSE(marks.isOdd);
+  const HeaderMarks last = marksOfHeader(text, 19);
+  EXPECT_EQ(last.end, 20U);
+  EXPECT_EQ(last.nameEnd, 20U);
+  EXPECT_FALSE(last.hasColon);
+  for (const TextView odd : {u"A\"B:", u"A\\;B:", u"A&:", u"\u00C4:", u"\u8041:"}) {
+    EXPECT_TRUE(marksOfHeader(Text(odd) + Text(20, u' '), 0).isOdd);
+  }
 }
 
-TEST(ScanLanes, aHyphenAtTheBeginningOfALineIsNoPrefix) {
-  EXPECT_FALSE(marksOfLine(u"x-", 1).hasPrefixHyphen);
-  EXPECT_TRUE(marksOfLine(u"x-", 0).hasPrefixHyphen);
-  EXPECT_TRUE(marksOfLine(Text(15, u'a') + u"d-" + Text(40, u'a'), 0).hasPrefixHyphen);
+TEST(ScanLanes, markWhatAValueHolds) {
+  const ValueMarks marks = marksOfValue(u"a&b\rX-", 0);
+  EXPECT_EQ(marks.end, 3U);
+  EXPECT_TRUE(marks.hasAmpersand);
+  EXPECT_FALSE(marks.hasColon);
+  EXPECT_FALSE(marks.hasPrefixHyphen);
+  EXPECT_TRUE(marksOfValue(u"vnd-", 0).hasPrefixHyphen);
+}
+
+TEST(ScanLanes, aHyphenAtTheBeginningOfAPieceIsNoPrefix) {
+  EXPECT_FALSE(marksOfValue(u"x-", 1).hasPrefixHyphen);
+  EXPECT_FALSE(marksOfValue(u"x-" + Text(40, u'a'), 1).hasPrefixHyphen);
+  EXPECT_TRUE(marksOfValue(u"x-", 0).hasPrefixHyphen);
+  EXPECT_TRUE(marksOfValue(Text(15, u'a') + u"d-" + Text(40, u'a'), 0).hasPrefixHyphen);
 }
 
 } // namespace
