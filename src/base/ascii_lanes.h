@@ -24,8 +24,11 @@ inline constexpr std::size_t kAsciiBlock = 16;
     if (((halves[0] | halves[1]) & kHighBits) != 0) {
       break;
     }
+    // A copy of its own cannot overlap the output, as far as the compiler knows.
+    unsigned char block[kAsciiBlock]; // NOLINT: filled at once
+    std::memcpy(block, bytes + done, sizeof block);
     for (std::size_t i = 0; i < kAsciiBlock; ++i) {
-      output[done + i] = static_cast<unsigned char>(bytes[done + i]);
+      output[done + i] = block[i];
     }
   }
   for (; done < count && static_cast<unsigned char>(bytes[done]) < 0x80; ++done) {

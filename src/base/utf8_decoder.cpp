@@ -1,6 +1,39 @@
 #include "base/utf8_decoder.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
 namespace cardwright {
+
+namespace {
+
+/// How many bytes of a word, whose high bits these are, stand before the first one beyond ASCII.
+std::size_t asciiBytesBefore(std::uint64_t high) noexcept {
+  const int bits =
+      std::endian::native == std::endian::little ? std::countr_zero(high) : std::countl_zero(high);
+  return static_cast<std::size_t>(bits) / 8;
+}
+
+/// Decodes one sequence, and moves both places on; false when it is not legal.
+bool decodeSequence(std::string_view utf8, std::size_t& at, char16_t* output,
+                    std::size_t& units) noexcept {
+  const Utf8Sequence sequence = utf8SequenceAt(utf8, at);
+  if (!sequence.isLegal) {
+    return false;
+  }
+  if (sequence.codePoint < 0x10000) {
+    output[units++] = static_cast<char16_t>(sequence.codePoint);
+  } else {
+    output[units++] = static_cast<char16_t>(0xD7C0U + (sequence.codePoint >> 10U));
+    output[units++] = static_cast<char16_t>(0xDC00U + (sequence.codePoint & 0x3FFU));
+  }
+  at += sequence.length;
+  return true;
+}
+
+} // namespace
 
 Utf8Sequence utf8SequenceAt(std::string_view utf8, std::size_t at) noexcept {
   const auto byteAt = [utf8](std::size_t index) -> unsigned {
@@ -39,6 +72,55 @@ Utf8Sequence utf8SequenceAt(std::string_view utf8, std::size_t at) noexcept {
     high = 0xBF;
   }
   return {codePoint, length, true};
+}
+
+DecodedRun decodeSoundRun(std::string_view utf8, char16_t* output, std::size_t room) noexcept {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  constexpr std::size_t kWord = sizeof kHighBits;
+  const auto* bytes = reinterpret_cast<const unsigned char*>(utf8.data()); // NOLINT: as numbers
+  std::size_t at = 0;
+  std::size_t units = 0;
+  // Whole words are read, so the last bytes are left to the careful way below.
+  while (utf8.size() - at >= 2 * kWord && room - units > kAsciiBlock) {
+    std::uint64_t words[2]; // NOLINT: filled at once
+    std::memcpy(words, bytes + at, sizeof words);
+    if (((words[0] | words[1]) & kHighBits) == 0) {
+      const std::size_t ascii =
+          widenAscii(utf8.data() + at, std::min(utf8.size() - at, room - units), output + units);
+      at += ascii;
+      units += ascii;
+      continue;
+    }
+    const std::uint64_t high = words[0] & kHighBits;
+    if (high == 0 || bytes[at] < 0x80) {
+      // Widens the whole word, and takes of it what is ASCII.
+      unsigned char block[kWord]; // NOLINT: filled at once
+      std::memcpy(block, bytes + at, sizeof block);
+      for (std::size_t i = 0; i < kWord; ++i) {
+        output[units + i] = block[i];
+      }
+      const std::size_t ascii = high == 0 ? kWord : asciiBytesBefore(high);
+      at += ascii;
+      units += ascii;
+      continue;
+    }
+    const unsigned lead = bytes[at];
+    const unsigned second = bytes[at + 1] ^ 0x80U;
+    const unsigned third = bytes[at + 2] ^ 0x80U;
+    if (lead >= 0xC2 && lead < 0xE0 && second < 0x40) {
+      output[units++] = static_cast<char16_t>(((lead & 0x1FU) << 6U) | second);
+      at += 2;
+    } else if (lead > 0xE0 && lead < 0xF0 && lead != 0xED && second < 0x40 && third < 0x40) {
+      output[units++] = static_cast<char16_t>(((lead & 0xFU) << 12U) | (second << 6U) | third);
+      at += 3;
+    } else if (!decodeSequence(utf8, at, output, units)) {
+      return {at, units};
+    }
+  }
+  while (at < utf8.size() && room - units > kAsciiBlock &&
+         decodeSequence(utf8, at, output, units)) {
+  }
+  return {at, units};
 }
 
 std::optional<Text> textFromSoundUtf8(std::string_view utf8) {

@@ -21,6 +21,17 @@ struct Utf8Sequence {
 /// Reads the sequence that begins at `at`, which is below the text's size.
 [[nodiscard]] Utf8Sequence utf8SequenceAt(std::string_view utf8, std::size_t at) noexcept;
 
+/// How far a decoding call came.
+struct DecodedRun {
+  std::size_t bytes; ///< how many were read
+  std::size_t units; ///< how many were written
+};
+
+/// Decodes the sound UTF-8 that `utf8` begins with, as long as there is room for a block of ASCII;
+/// so much may be written behind the last unit too.
+[[nodiscard]] DecodedRun decodeSoundRun(std::string_view utf8, char16_t* output,
+                                        std::size_t room) noexcept;
+
 /// Gathers decoded text in a block before it goes into a string: a string cannot grow without
 /// clearing what it grows by.
 class TextGatherer {
@@ -42,17 +53,24 @@ class TextGatherer {
     }
   }
 
-  /// Appends the ASCII bytes that `bytes` begins with, or some of them.
-  /// @returns how many
-  std::size_t appendAscii(std::string_view bytes) {
-    if (m_units.size() - m_used < kAsciiBlock) {
+  /// Appends the sound UTF-8 that `utf8` begins with.
+  /// @returns how many bytes that are
+  std::size_t appendSound(std::string_view utf8) {
+    std::size_t done = 0;
+    for (;;) {
+      const DecodedRun run =
+          decodeSoundRun(utf8.substr(done), m_units.data() + m_used, m_units.size() - m_used);
+      m_used += run.units;
+      done += run.bytes;
+      if (m_units.size() - m_used > kLeastRoom) {
+        return done; // No lack of room ended it.
+      }
       flush();
     }
-    const std::size_t room = std::min(bytes.size(), m_units.size() - m_used);
-    const std::size_t count = widenAscii(bytes.data(), room, m_units.data() + m_used);
-    m_used += count;
-    return count;
   }
+
+  /// So much room a run needs to go on.
+  static constexpr std::size_t kLeastRoom = kAsciiBlock;
 
  private:
   void flush() {
@@ -71,18 +89,9 @@ class TextGatherer {
 template <typename OnIllegal>
 void decodeUtf8(Text& text, std::string_view utf8, OnIllegal onIllegal) {
   TextGatherer gatherer(text);
-  for (std::size_t at = 0; at < utf8.size();) {
-    if (static_cast<unsigned char>(utf8[at]) < 0x80) {
-      at += gatherer.appendAscii(utf8.substr(at));
-      continue;
-    }
-    const Utf8Sequence sequence = utf8SequenceAt(utf8, at);
-    if (sequence.isLegal) {
-      gatherer.append(sequence.codePoint);
-      at += sequence.length;
-    } else {
-      at = onIllegal(gatherer, at, sequence.length);
-    }
+  for (std::size_t at = gatherer.appendSound(utf8); at < utf8.size();
+       at += gatherer.appendSound(utf8.substr(at))) {
+    at = onIllegal(gatherer, at, utf8SequenceAt(utf8, at).length);
   }
 }
 

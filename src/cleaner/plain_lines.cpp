@@ -88,13 +88,22 @@ bool isContinuation(TextView text, std::size_t begin) {
   return begin < text.size() && isSpaceOrTab(text[begin]) && standsAlone(text.substr(begin), 0);
 }
 
-/// Whether "=" may be what a line ends in so far: a further piece of nothing but blanks does not
-/// show it.
-bool mayEndInEqualsSign(TextView piece) noexcept {
+TextView withoutTrailingBlanks(TextView piece) noexcept {
   while (!piece.empty() && isSpaceOrTab(piece.back())) {
     piece.remove_suffix(1);
   }
-  return piece.empty() || piece.back() == u'=';
+  return piece;
+}
+
+/// Whether every colon stands behind a digit, and there are no parameters: no standard name ends in
+/// a digit.
+bool holdsTimesOnly(TextView value) noexcept {
+  for (std::size_t at = 0; at < value.size(); ++at) {
+    if (value[at] == u';' || (value[at] == u':' && (at == 0 || !isAsciiDigit(value[at - 1])))) {
+      return false;
+    }
+  }
+  return true;
 }
 
 /// A logical line while its physical lines are looked at.
@@ -122,8 +131,9 @@ class Examination {
     const bool isColonAtFold = isFolded && header.end + 1 == marks.end;
     const bool needsNothing =
         m_kind != NameKind::remembered && holdsNoRepair(marks, line.substr(m_header.size() + 1)) &&
-        !mayBeContinued(line) &&
-        (!marks.hasColon || (m_kind != NameKind::note && !isFolded && !holdsTwoHeaders(line))) &&
+        (isFolded || !endsInSoftBreak(line)) &&
+        (!marks.hasColon ||
+         (m_kind != NameKind::note && !isFolded && !mayHoldTwoHeaders(line, marks))) &&
         !isColonAtFold && (!isFolded || passContinuations(look.next));
     if (!needsNothing || !isPlainKind(line, look.kind)) {
       return false;
@@ -143,11 +153,22 @@ class Examination {
     return m_kind == NameKind::extension || !marks.hasPrefixHyphen || !holdsExtensionPrefix(piece);
   }
 
-  [[nodiscard]] bool mayBeContinued(TextView piece) const {
-    return mayEndInEqualsSign(piece) && declaresQuotedPrintable(m_header);
+  /// Whether a property may be merged into a line with several colons.
+  [[nodiscard]] bool mayHoldTwoHeaders(TextView line, const ValueMarks& marks) const {
+    const TextView value = line.substr(m_header.size() + 1);
+    if (!marks.hasPrefixHyphen && m_header.find(u';') == TextView::npos && holdsTimesOnly(value)) {
+      return false;
+    }
+    return holdsTwoHeaders(line);
+  }
+
+  [[nodiscard]] bool endsInSoftBreak(TextView piece) const {
+    const TextView content = withoutTrailingBlanks(piece);
+    return !content.empty() && content.back() == u'=' && declaresQuotedPrintable(m_header);
   }
 
   bool passContinuations(std::size_t& next) const {
+    bool endsSoftly = false;
     while (isContinuation(m_text, next)) {
       const std::size_t begin = next + 1;
       const ValueMarks marks = marksOfValue(m_text, begin);
@@ -155,12 +176,15 @@ class Examination {
       // The fold may have torn the "VND-" or "X-" that an extended name begins with.
       const bool mayTearName = m_kind != NameKind::note && m_kind != NameKind::extension &&
                                piece.substr(0, 3).find(u'-') != TextView::npos;
-      if (marks.hasColon || mayTearName || !holdsNoRepair(marks, piece) || mayBeContinued(piece)) {
+      // A piece of nothing but blanks does not show what the line ends in.
+      if (marks.hasColon || mayTearName || !holdsNoRepair(marks, piece) ||
+          withoutTrailingBlanks(piece).empty()) {
         return false;
       }
       next = behindLineEnd(m_text, marks.end);
+      endsSoftly = endsInSoftBreak(piece);
     }
-    return true;
+    return !endsSoftly;
   }
 
   /// Tells what the line is; any but the plainest boundary is left to the passes themselves.

@@ -58,7 +58,7 @@ std::size_t appendTornCharacter(TextGatherer& gatherer, std::string_view utf8, s
     return at;
   }
   gatherer.append(sequence.codePoint);
-  gatherer.appendAscii(utf8.substr(at + length, fold));
+  gatherer.appendSound(utf8.substr(at + length, fold));
   return at + sequence.length + fold;
 }
 
