@@ -87,6 +87,54 @@ TEST(Cleaning, doesWhatThePlainPassesDo) {
   EXPECT_GT(cleaned, 1000U);
 }
 
+/// What decides whether a line may be passed over at a glance: folds and soft breaks that tear
+/// names and signs, marks that join them, and signs in headers.
+constexpr std::array<TextView, 46> kSeams = {u"\r\n ",     u"\r\n ",
+                                             u"\r\n\t",    u"\n ",
+                                             u"\r ",       u"\r\n",
+                                             u"\r\n\r\n",  u"\n\n ",
+                                             u"=\r\n ",    u"=\r\n",
+                                             u"= \r\n",    u"\u0301",
+                                             u" \u0301",   u":\u0301",
+                                             u"=\u0301",   u"X",
+                                             u"-",         u"X-",
+                                             u"V",         u"N",
+                                             u"ND-",       u"D-",
+                                             u"VND-",      u"ABLABEL",
+                                             u"ABADR",     u"d-x",
+                                             u"TEL",       u"TEL:",
+                                             u"tel:1",     u"12:30",
+                                             u"https:",    u"NOTE:",
+                                             u"NOTE",      u"&",
+                                             u"#10;",      u"&#13;",
+                                             u"\"",        u";",
+                                             u"\\",        u"item1.",
+                                             u"URL:",      u"x",
+                                             u"\u0436",    u"\u4E2D",
+                                             u"END:VCARD", u"NOTE;ENCODING=QUOTED-PRINTABLE:"};
+
+TEST(Cleaning, doesWhatThePlainPassesDoAtSeams) {
+  RandomSource random(testSeed() + 2);
+  for (int i = 0; i < 60'000; ++i) {
+    Text text = u"BEGIN:VCARD\r\n";
+    for (std::size_t lines = 1 + random.below(3); lines > 0; --lines) {
+      text += random.oneOf(std::array<TextView, 7>{u"FN:", u"TEL;TYPE=A:", u"X-ABLABEL:", u"REV:",
+                                                   u"item1.NOTE:", u"NOTE:",
+                                                   u"N;ENCODING=QUOTED-PRINTABLE:"});
+      for (std::size_t pieces = random.below(9); pieces > 0; --pieces) {
+        text += random.oneOf(kSeams);
+      }
+      text += u"\r\n";
+    }
+    text += random.chance(90) ? u"END:VCARD\r\n" : u"end:vcard";
+    VCardCleaner cleaner;
+    ReferenceCleaning reference;
+    ASSERT_EQ(cleaner.clean(text), reference.clean(text)) << testing::PrintToString(text);
+    ASSERT_EQ(cleaner.lastCleaningSummaries(), reference.summaries);
+    ASSERT_EQ(cleaner.lastDidClean(), reference.didClean) << testing::PrintToString(text);
+  }
+}
+
 TEST(Cleaning, comesToAnEndWhenItIsRepeated) {
   RandomSource random(testSeed() + 1);
   constexpr int kMostRounds = 12;
