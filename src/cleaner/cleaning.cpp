@@ -41,7 +41,7 @@ struct Edits {
 
 SimpleLine::Kind simpleKindOf(const PlainLook& look) noexcept {
   if (look.kind == PlainLine::property) {
-    return look.isBareProperty ? SimpleLine::Kind::bareProperty : SimpleLine::Kind::other;
+    return look.isSoundProperty ? SimpleLine::Kind::property : SimpleLine::Kind::other;
   }
   return look.kind == PlainLine::cardBegin ? SimpleLine::Kind::cardBegin
                                            : SimpleLine::Kind::cardEnd;

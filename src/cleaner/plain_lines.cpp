@@ -95,12 +95,20 @@ TextView withoutTrailingBlanks(TextView piece) noexcept {
   return piece;
 }
 
-/// Whether every colon stands behind a digit, and there are no parameters: no standard name ends in
-/// a digit.
-bool holdsTimesOnly(TextView value) noexcept {
-  for (std::size_t at = 0; at < value.size(); ++at) {
-    if (value[at] == u';' || (value[at] == u':' && (at == 0 || !isAsciiDigit(value[at - 1])))) {
+/// Whether the parameters of a plain header are such as the reader takes without a question: none
+/// lacks a name or a value. They begin with the first ";".
+bool areSoundParameters(TextView parameters) noexcept {
+  for (std::size_t at = 0; at < parameters.size(); ++at) {
+    const char16_t unit = parameters[at];
+    if (isSpaceOrTab(unit)) {
       return false;
+    }
+    if (unit == u';' || unit == u'=') {
+      const char16_t next = at + 1 < parameters.size() ? parameters[at + 1] : u':';
+      const bool isEmpty = next == u';' || next == u':' || next == (unit == u';' ? u'=' : u',');
+      if (isEmpty) {
+        return false;
+      }
     }
   }
   return true;
@@ -139,12 +147,19 @@ class Examination {
       return false;
     }
     look.isSimple = !isFolded && !marks.hasAmpersand && !isAddressBookServerName(name);
-    look.isBareProperty = look.kind == PlainLine::property && header.nameEnd == header.end &&
-                          asciiUpper(m_header.back()) != u'N';
+    look.isSoundProperty = look.kind == PlainLine::property && !mayBeVersion(header) &&
+                           areSoundParameters(m_header.substr(header.nameEnd - m_begin));
     return true;
   }
 
  private:
+  /// More is asked of a VERSION than of other properties.
+  [[nodiscard]] bool mayBeVersion(const HeaderMarks& header) const noexcept {
+    constexpr TextView kVersion = u"VERSION";
+    return header.nameEnd - m_begin >= kVersion.size() &&
+           asciiUpper(m_text[header.nameEnd - 1]) == kVersion.back();
+  }
+
   /// Whether a piece of the value has none of the signs that repairs begin with, colons aside.
   [[nodiscard]] bool holdsNoRepair(const ValueMarks& marks, TextView piece) const noexcept {
     if (m_kind == NameKind::note) {
@@ -156,7 +171,7 @@ class Examination {
   /// Whether a property may be merged into a line with several colons.
   [[nodiscard]] bool mayHoldTwoHeaders(TextView line, const ValueMarks& marks) const {
     const TextView value = line.substr(m_header.size() + 1);
-    if (!marks.hasPrefixHyphen && m_header.find(u';') == TextView::npos && holdsTimesOnly(value)) {
+    if (!marks.hasPrefixHyphen && !mayHoldStandardHeader(value)) {
       return false;
     }
     return holdsTwoHeaders(line);

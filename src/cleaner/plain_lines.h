@@ -13,8 +13,8 @@ enum class PlainLine { property, cardBegin, cardEnd };
 /// What is known of a plain line.
 struct PlainLook {
   PlainLine kind;
-  /// Whether there is nothing but a name before the value, and the line is no VERSION.
-  bool isBareProperty;
+  /// Whether it is a property that the reader takes without a question.
+  bool isSoundProperty;
   /// Whether the line has neither continuations nor signs that the reader looks into.
   bool isSimple;
   std::size_t end;  ///< where the first physical line ends

@@ -89,7 +89,7 @@ class CardAssembly {
 
   /// The same for a line of which it is known what it is.
   bool take(const SimpleLine& simple, TextView line) {
-    if (simple.kind() == SimpleLine::Kind::bareProperty && m_hasCard) {
+    if (simple.kind() == SimpleLine::Kind::property && m_hasCard) {
       keepProperty(line, 0);
       return false;
     }

@@ -15,8 +15,8 @@ namespace cardwright {
 class SimpleLine {
  public:
   enum class Kind : std::uint8_t {
-    bareProperty, ///< a property with nothing but a name before its value, not VERSION
-    other,        ///< a line whose form has still to be checked
+    property, ///< a property of sound form, not VERSION
+    other,    ///< a line whose form has still to be checked
     cardBegin,
     cardEnd
   };

@@ -188,6 +188,19 @@ std::optional<HeaderMatch> headerAtStart(TextView text, HeaderNames names) noexc
   return header && header->start == 0 ? header : std::nullopt;
 }
 
+bool mayHoldStandardHeader(TextView text) noexcept {
+  for (std::size_t at = findDelimiter(text, 0); at < text.size();
+       at = findDelimiter(text, at + 1)) {
+    const bool isEscaped = text[at] == u';' && at > 0 && text[at - 1] == u'\\';
+    const std::size_t nameEnd = isEscaped ? at - 1 : at;
+    const char16_t letter = nameEnd > 0 ? lastLetterOf(text[nameEnd - 1]) : char16_t{0};
+    if (letter != 0 && kStandardByLetter.startBefore(text, nameEnd, letter) != kNone) {
+      return true;
+    }
+  }
+  return false;
+}
+
 bool holdsTwoHeaders(TextView text) noexcept {
   HeaderScanner scanner(text, HeaderNames::anyUpper);
   return scanner.next() && scanner.next();

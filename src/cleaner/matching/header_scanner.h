@@ -53,6 +53,10 @@ class HeaderScanner {
 /// The header that begins with the text, if any.
 [[nodiscard]] std::optional<HeaderMatch> headerAtStart(TextView text, HeaderNames names) noexcept;
 
+/// Whether a standard name stands before any ":" or ";" of the text. Where none does, and no
+/// extended name either, the text holds no header.
+[[nodiscard]] bool mayHoldStandardHeader(TextView text) noexcept;
+
 /// Whether the text holds at least two headers with any upper-case name.
 [[nodiscard]] bool holdsTwoHeaders(TextView text) noexcept;
 
