@@ -1,5 +1,6 @@
 #include "cleaner/cleaning.h"
 
+#include "base/scan_lanes.h"
 #include "cardwright/utf8.h"
 #include "cardwright/vcard_cleaner.h"
 #include "cleaner/duplicates.h"
@@ -56,7 +57,19 @@ class Inspection {
         m_simpleLines(simpleLines),
         m_duplicates(m_edits.repeats) {}
 
+  /// What is to be changed, whatever the line ends are.
   Edits run() {
+    static_cast<void>(goOver(false));
+    return std::move(m_edits);
+  }
+  /// The same; absent as soon as a CR stands before a CR, for then line ends are to be repaired
+  /// first, if they can be. Plain lines end in no such pair, so it is looked for beside them only.
+  std::optional<Edits> runUntilDoubledCr() {
+    return goOver(true) ? std::optional(std::move(m_edits)) : std::nullopt;
+  }
+
+ private:
+  bool goOver(bool stopsAtDoubledCr) {
     LogicalLines lines(m_text);
     UnfoldedLine line;
     PlainLook plain{};
@@ -71,7 +84,11 @@ class Inspection {
         }
         continue;
       }
-      if (!lines.next(line)) {
+      const bool hasLine = lines.next(line);
+      if (stopsAtDoubledCr && holdsDoubledCr(begin, hasLine ? lines.location() : m_text.size())) {
+        return false;
+      }
+      if (!hasLine) {
         break;
       }
       ++m_cleaning.totalLines;
@@ -101,10 +118,13 @@ class Inspection {
     if (!m_edits.repeats.empty()) {
       m_cleaning.summaries.emplace_back(kDuplicatesSummary);
     }
-    return std::move(m_edits);
+    return true;
   }
 
- private:
+  [[nodiscard]] bool holdsDoubledCr(std::size_t begin, std::size_t end) const {
+    return findDoubleCr(m_text.substr(begin, end + 1 - begin)) != TextView::npos;
+  }
+
   void lookForRepeat(TextView line) { m_duplicates.take(line, m_outputLines++); }
 
   TextView m_text;
@@ -250,20 +270,31 @@ void translatePlaces(TextView original, TextView repaired, Cleaning& cleaning) {
 
 Cleaning clean(TextView text, SimpleLines* simpleLines) {
   Cleaning cleaning;
-  std::optional<Text> separated = repairedSeparators(text);
-  const TextView source = separated ? TextView(*separated) : text;
-  cleaning.isEnvelope = isEnvelopeOfCards(source);
+  cleaning.isEnvelope = isEnvelopeOfCards(text);
   if (!cleaning.isEnvelope) {
     return cleaning;
   }
   if (simpleLines != nullptr) {
-    simpleLines->reserveFor(source.size());
+    simpleLines->reserveFor(text.size());
   }
-  const Edits edits = Inspection(source, cleaning, simpleLines).run();
+  TextView source = text;
+  std::optional<Text> separated;
+  std::optional<Edits> found = Inspection(text, cleaning, simpleLines).runUntilDoubledCr();
+  if (!found) {
+    separated = repairedSeparators(text);
+    source = separated ? TextView(*separated) : text;
+    cleaning = Cleaning();
+    cleaning.isEnvelope = true;
+    found = Inspection(source, cleaning, nullptr).run();
+    if (simpleLines != nullptr) {
+      simpleLines->clear();
+    }
+  }
+  const Edits& edits = *found;
   if (!edits.areEmpty()) {
     cleaning.text = joined(source, edits, cleaning);
   }
-  if (simpleLines != nullptr && (separated || cleaning.text)) {
+  if (simpleLines != nullptr && cleaning.text) {
     simpleLines->clear();
   }
   if (separated) {

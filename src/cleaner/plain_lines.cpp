@@ -76,12 +76,16 @@ bool isAddressBookServerName(TextView name) noexcept {
   return asciiUpper(name.front()) == u'X' && isAsciiName(name.substr(0, kPrefix.size()), kPrefix);
 }
 
-std::size_t behindLineEnd(TextView text, std::size_t end) noexcept {
-  if (end >= text.size()) {
-    return end;
+/// Moves from the end of a line behind its line end. False at a CR without a LF, which may be one
+/// of many.
+bool passLineEnd(TextView text, std::size_t& at) noexcept {
+  if (at < text.size()) {
+    if (text[at] == u'\r' && (++at == text.size() || text[at] != u'\n')) {
+      return false;
+    }
+    ++at;
   }
-  const bool isCrLf = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
-  return end + (isCrLf ? 2 : 1);
+  return true;
 }
 
 bool isContinuation(TextView text, std::size_t begin) {
@@ -133,7 +137,10 @@ class Examination {
       return false;
     }
     look.end = marks.end;
-    look.next = behindLineEnd(m_text, marks.end);
+    look.next = marks.end;
+    if (!passLineEnd(m_text, look.next)) {
+      return false;
+    }
     const bool isFolded = isContinuation(m_text, look.next);
     // A mark behind the fold would join a colon before it.
     const bool isColonAtFold = isFolded && header.end + 1 == marks.end;
@@ -196,7 +203,10 @@ class Examination {
           withoutTrailingBlanks(piece).empty()) {
         return false;
       }
-      next = behindLineEnd(m_text, marks.end);
+      next = marks.end;
+      if (!passLineEnd(m_text, next)) {
+        return false;
+      }
       endsSoftly = endsInSoftBreak(piece);
     }
     return !endsSoftly;
