@@ -7,7 +7,10 @@
 #include "cleaner/line_predicates.h"
 #include "cleaner/matching/extended_names.h"
 #include "cleaner/matching/header_scanner.h"
+#include "cleaner/segmentation.h"
 #include "cleaner/vocabulary.h"
+
+#include <vector>
 
 namespace cardwright {
 
@@ -147,8 +150,7 @@ class Examination {
     const bool needsNothing =
         m_kind != NameKind::remembered && holdsNoRepair(marks, line.substr(m_header.size() + 1)) &&
         (isFolded || !endsInSoftBreak(line)) &&
-        (!marks.hasColon ||
-         (m_kind != NameKind::note && !isFolded && !mayHoldTwoHeaders(line, marks))) &&
+        (!marks.hasColon || (m_kind != NameKind::note && !isFolded && !isMerged(line, marks))) &&
         !isColonAtFold && (!isFolded || passContinuations(look.next));
     if (!needsNothing || !isPlainKind(line, look.kind)) {
       return false;
@@ -175,13 +177,14 @@ class Examination {
     return m_kind == NameKind::extension || !marks.hasPrefixHyphen || !holdsExtensionPrefix(piece);
   }
 
-  /// Whether a property may be merged into a line with several colons.
-  [[nodiscard]] bool mayHoldTwoHeaders(TextView line, const ValueMarks& marks) const {
+  /// Whether a line with several colons is to be cut.
+  [[nodiscard]] bool isMerged(TextView line, const ValueMarks& marks) const {
     const TextView value = line.substr(m_header.size() + 1);
-    if (!marks.hasPrefixHyphen && !mayHoldStandardHeader(value)) {
+    if ((!marks.hasPrefixHyphen && !mayHoldStandardHeader(value)) || !holdsTwoHeaders(line)) {
       return false;
     }
-    return holdsTwoHeaders(line);
+    std::vector<TextView> pieces;
+    return cutMergedProperties(line, pieces);
   }
 
   [[nodiscard]] bool endsInSoftBreak(TextView piece) const {

@@ -214,8 +214,8 @@ bool cutMergedProperties(TextView line, std::vector<TextView>& pieces) {
     return false;
   }
   std::vector<std::size_t> cuts = candidates(line);
-  if (cuts.empty() || cuts.front() != 0) {
-    return false;
+  if (cuts.size() < 2 || cuts.front() != 0) {
+    return false; // One candidate alone cuts nothing, trusted or not.
   }
   cuts = trusted(line, cuts);
   if (cuts.size() < 2) {
