@@ -20,6 +20,12 @@ constexpr bool isOddInHeader(char16_t unit) noexcept {
   return unit == u'"' || unit == u'\\' || unit == u'&' || unit == u'\0' || !isAscii(unit);
 }
 
+/// Whether a ";" or "=" lacks what should stand behind it: a parameter's name or value.
+constexpr bool isGap(char16_t sign, char16_t next) noexcept {
+  return (sign == u';' && (next == u';' || next == u'=' || next == u':')) ||
+         (sign == u'=' && (next == u';' || next == u',' || next == u':'));
+}
+
 /// Goes on with a piece that was looked at from `begin` to `at`.
 void lookAtValue(TextView text, std::size_t begin, std::size_t at, ValueMarks& marks) noexcept {
   for (; at < text.size() && !isLineTerminator(text[at]); ++at) {
@@ -32,16 +38,23 @@ void lookAtValue(TextView text, std::size_t begin, std::size_t at, ValueMarks& m
   marks.end = at;
 }
 
-void lookAtHeader(TextView text, std::size_t at, bool hasSemicolon, HeaderMarks& marks) noexcept {
+/// Goes on with a header that was looked at from `begin` to `at`.
+void lookAtHeader(TextView text, std::size_t begin, std::size_t at, bool hasSemicolon,
+                  HeaderMarks& marks) noexcept {
+  const auto hasGapBefore = [&](std::size_t end) {
+    return end > begin && end < text.size() && isGap(text[end - 1], text[end]);
+  };
   for (; at < text.size() && text[at] != u':' && !isLineTerminator(text[at]); ++at) {
     marks.hasDot = marks.hasDot || text[at] == u'.';
     marks.isOdd = marks.isOdd || isOddInHeader(text[at]);
+    marks.hasGaps = marks.hasGaps || isSpaceOrTab(text[at]) || hasGapBefore(at);
     if (text[at] == u';' && !hasSemicolon) {
       marks.nameEnd = at;
       hasSemicolon = true;
     }
   }
   marks.end = at;
+  marks.hasGaps = marks.hasGaps || hasGapBefore(at);
   marks.nameEnd = hasSemicolon ? marks.nameEnd : at;
   marks.hasColon = at < text.size() && text[at] == u':';
 }
@@ -74,6 +87,10 @@ class Lanes {
                                      _mm_or_si128(isEqual('&'), isEqual('\0')));
     // The highest bit of a lane says by itself that the unit is not ASCII.
     return bits(_mm_or_si128(odd, m_units));
+  }
+
+  [[nodiscard]] Bits blanks() const noexcept {
+    return bits(_mm_or_si128(isEqual(' '), isEqual('\t')));
   }
 
   [[nodiscard]] Bits prefixLetters() const noexcept {
@@ -118,7 +135,7 @@ ValueMarks marksOfValuePlainly(TextView text, std::size_t begin) noexcept {
 
 HeaderMarks marksOfHeaderPlainly(TextView text, std::size_t begin) noexcept {
   HeaderMarks marks;
-  lookAtHeader(text, begin, false, marks);
+  lookAtHeader(text, begin, begin, false, marks);
   return marks;
 }
 
@@ -161,6 +178,9 @@ ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
 HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
   HeaderMarks marks;
   bool hasSemicolon = false;
+  // Behind a ";" or a "=" in the last lane of the block before; one bit each.
+  Bits behindSemicolon = 0;
+  Bits behindEquals = 0;
   std::size_t at = begin;
   for (; text.size() - at >= kLanes; at += kLanes) {
     const Lanes lanes(text, at);
@@ -174,6 +194,13 @@ HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
     }
     marks.hasDot = marks.hasDot || (lanes.equal('.') & inHeader) != 0;
     marks.isOdd = marks.isOdd || (lanes.oddInHeader() & inHeader) != 0;
+    const Bits equals = lanes.equal('=') & inHeader;
+    const Bits signs = lanes.equal(';') | colons;
+    const Bits gaps = (((semicolons << 1U) | behindSemicolon) & (signs | lanes.equal('='))) |
+                      (((equals << 1U) | behindEquals) & (signs | lanes.equal(',')));
+    marks.hasGaps = marks.hasGaps || (gaps | (lanes.blanks() & inHeader)) != 0;
+    behindSemicolon = semicolons >> (kLanes - 1);
+    behindEquals = equals >> (kLanes - 1);
     if (ends != 0) {
       marks.end = at + firstOf(ends);
       marks.nameEnd = hasSemicolon ? marks.nameEnd : marks.end;
@@ -181,7 +208,7 @@ HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
       return marks;
     }
   }
-  lookAtHeader(text, at, hasSemicolon, marks);
+  lookAtHeader(text, begin, at, hasSemicolon, marks);
   return marks;
 }
 

@@ -30,6 +30,8 @@ struct HeaderMarks {
   bool hasColon = false;
   bool hasDot = false;
   bool isOdd = false; ///< whether there is any of `"`, `\`, `&`, NUL and units beyond ASCII
+  /// Whether there are blanks, or a ";" or "=" with nothing between it and the next sign.
+  bool hasGaps = false;
 
   friend bool operator==(const HeaderMarks&, const HeaderMarks&) = default;
 };

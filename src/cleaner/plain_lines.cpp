@@ -1,7 +1,6 @@
 #include "cleaner/plain_lines.h"
 
 #include "base/ascii.h"
-#include "base/case.h"
 #include "base/scan_lanes.h"
 #include "cleaner/characters.h"
 #include "cleaner/line_predicates.h"
@@ -10,6 +9,7 @@
 #include "cleaner/segmentation.h"
 #include "cleaner/vocabulary.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace cardwright {
@@ -32,12 +32,16 @@ bool isAsciiName(TextView text, TextView upper) noexcept {
   return true;
 }
 
-NameKind kindOfExtension(TextView name) {
-  const UpperCasedName upper(name);
-  if (kSingularNames.contains(upper.view()) || upper.view() == kMemberName) {
+/// The kind of an ASCII name that begins as extended names do.
+NameKind kindOfExtension(TextView name) noexcept {
+  const auto isName = [name](TextView upper) { return isAsciiName(name, upper); };
+  const auto& singular = kSingularNames.names();
+  if (isName(kMemberName) || std::any_of(singular.begin(), singular.end(), isName)) {
     return NameKind::remembered;
   }
-  return isExtensionName(upper.view()) ? NameKind::extension : NameKind::other;
+  const bool isExtension =
+      isAsciiName(name.substr(0, 2), u"X-") || isAsciiName(name.substr(0, 4), u"VND-");
+  return isExtension ? NameKind::extension : NameKind::other;
 }
 
 NameKind kindOfName(TextView name) {
@@ -102,25 +106,6 @@ TextView withoutTrailingBlanks(TextView piece) noexcept {
   return piece;
 }
 
-/// Whether the parameters of a plain header are such as the reader takes without a question: none
-/// lacks a name or a value. They begin with the first ";".
-bool areSoundParameters(TextView parameters) noexcept {
-  for (std::size_t at = 0; at < parameters.size(); ++at) {
-    const char16_t unit = parameters[at];
-    if (isSpaceOrTab(unit)) {
-      return false;
-    }
-    if (unit == u';' || unit == u'=') {
-      const char16_t next = at + 1 < parameters.size() ? parameters[at + 1] : u':';
-      const bool isEmpty = next == u';' || next == u':' || next == (unit == u';' ? u'=' : u',');
-      if (isEmpty) {
-        return false;
-      }
-    }
-  }
-  return true;
-}
-
 /// A logical line while its physical lines are looked at.
 class Examination {
  public:
@@ -156,8 +141,8 @@ class Examination {
       return false;
     }
     look.isSimple = !isFolded && !marks.hasAmpersand && !isAddressBookServerName(name);
-    look.isSoundProperty = look.kind == PlainLine::property && !mayBeVersion(header) &&
-                           areSoundParameters(m_header.substr(header.nameEnd - m_begin));
+    look.isSoundProperty =
+        look.kind == PlainLine::property && !header.hasGaps && !mayBeVersion(header);
     return true;
   }
 

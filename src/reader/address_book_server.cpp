@@ -26,6 +26,10 @@ std::size_t addressBookServerNameStart(TextView text, std::size_t position) noex
 }
 
 std::optional<std::size_t> addressBookServerPrefix(TextView text, std::size_t position) {
+  // No other letter folds to the first one.
+  if (position >= text.size() || asciiLower(text[position]) != kPrefix.front()) {
+    return std::nullopt;
+  }
   return prefixLengthIgnoringCase(text, position, kPrefix);
 }
 

@@ -47,7 +47,9 @@ std::optional<std::uint64_t> plainlyStatedVersion(TextView line) {
   if (!line.starts_with(kHeader) || line.find(u'\\') != TextView::npos) {
     return std::nullopt;
   }
-  return versionStatedBy(line.substr(kHeader.size()));
+  const TextView text = line.substr(kHeader.size());
+  const bool isOrdinary = text.size() == 3 && isAsciiDigit(text[0]) && text[1] == u'.';
+  return isOrdinary ? static_cast<std::uint64_t>(text[0] - u'0') : versionStatedBy(text);
 }
 
 } // namespace

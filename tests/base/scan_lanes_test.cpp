@@ -9,9 +9,9 @@ namespace cardwright {
 namespace {
 
 Text randomText(RandomSource& random, std::size_t size) {
-  static constexpr std::array<char16_t, 20> kUnits = {
-      u'\r', u'\n', u':',   u'&',   u'-',   u'x',   u'X', u'D', u'd',  u'a',
-      u'b',  u'"',  0x00FF, 0x2D3A, 0xFF3A, 0x803A, u';', u'.', u'\\', 0};
+  static constexpr std::array<char16_t, 24> kUnits = {
+      u'\r',  u'\n',  u':',   u'&',   u'-', u'x', u'X',  u'D', u'd', u'a', u'b', u'"',
+      0x00FF, 0x2D3A, 0xFF3A, 0x803A, u';', u'.', u'\\', 0,    u'=', u',', u' ', u'\t'};
   Text text;
   for (std::size_t i = 0; i < size; ++i) {
     text.push_back(random.chance(60) ? u'a' : random.oneOf(kUnits));
@@ -61,6 +61,21 @@ TEST(ScanLanes, markWhatAHeaderHolds) {
   EXPECT_FALSE(last.hasColon);
   for (const TextView odd : {u"A\"B:", u"A\\;B:", u"A&:", u"\u00C4:", u"\u8041:"}) {
     EXPECT_TRUE(marksOfHeader(Text(odd) + Text(20, u' '), 0).isOdd);
+  }
+}
+
+TEST(ScanLanes, findGapsInParameters) {
+  for (const TextView sound : {u"A:", u"A;B:", u"A;B=C:", u"A;B=C,D;E:", u"A;B==C:", u"A;,B:",
+                               u"A;B=C,,D:", u"A:;;", u"A;B\r;;"}) {
+    EXPECT_FALSE(marksOfHeader(Text(sound) + Text(20, u'a'), 0).hasGaps);
+    EXPECT_FALSE(marksOfHeader(Text(15, u'a') + Text(sound), 0).hasGaps);
+  }
+  for (const TextView gap :
+       {u"A;:", u"A;;B:", u"A;=B:", u"A;B=:", u"A;B=;C:", u"A;B=,C:", u"A B:", u"A;\tB:"}) {
+    for (std::size_t at = 0; at < 20; ++at) {
+      EXPECT_TRUE(marksOfHeader(Text(at, u'a') + Text(gap) + Text(20, u'a'), 0).hasGaps) << at;
+      EXPECT_TRUE(marksOfHeader(Text(at, u'a') + Text(gap), 0).hasGaps) << at;
+    }
   }
 }
 
