@@ -18,6 +18,7 @@
 
 namespace cardwright {
 
+class Arena;
 class ContactsParser;
 class TextScanner;
 class VCard;
@@ -149,7 +150,8 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
     return const_cast<PropertyStore&>(std::as_const(*this).properties()); // NOLINT: not const here
   }
   void readProperties() const;
-  static void addTo(PropertyStore & properties, std::shared_ptr<VCardProperty> property);
+  static void addTo(PropertyStore & properties, std::shared_ptr<VCardProperty> property,
+                    Arena * arena);
 
   [[nodiscard]] const VCardProperty* firstPropertyWithKey(TextView key) const;
 

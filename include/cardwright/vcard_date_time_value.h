@@ -53,6 +53,8 @@ class [[gnu::visibility("default")]] VCardDateTimeValue final : public VCardValu
   static std::int64_t scanNumberFromString(Text & text, std::int64_t numDigits, bool allowOmission);
 
  private:
+  friend void setTypeOf(VCardDateTimeValue & value, std::optional<TextView> type);
+
   detail::TextStorage m_type;
   DateComponents m_comps;
 };

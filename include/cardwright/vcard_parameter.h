@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cardwright/detail/text_sequence.h"
 #include "cardwright/detail/text_storage.h"
 #include "cardwright/vcard_object.h"
 
@@ -47,7 +48,7 @@ class [[gnu::visibility("default")]] VCardParameter final : public VCardObject {
   friend class ContentLineParser;
 
   detail::TextStorage m_name;
-  std::vector<detail::TextStorage> m_values;
+  detail::TextSequence m_values;
 };
 
 } // namespace cardwright

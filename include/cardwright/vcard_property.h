@@ -113,12 +113,16 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
  private:
   friend class ContentLineParser;
 
+  /// addParameter for a parameter that nobody else holds: its values may be taken.
+  void takeParameter(std::shared_ptr<VCardParameter> parameter);
+
   using ParameterStore = detail::KeyedList<std::shared_ptr<VCardParameter>>;
 
   detail::TextStorage m_group;
   detail::TextStorage m_name;
-  std::unique_ptr<ParameterStore> m_parameters;
+  ParameterStore m_parameters;
   std::shared_ptr<VCardValue> m_value;
+  bool m_hasParameters = false; ///< whether any was ever added
 };
 
 } // namespace cardwright

@@ -37,11 +37,19 @@ class [[gnu::visibility("default")]] VCardValue : public VCardObject {
     m_charset.assign(charset);
   }
 
+ protected:
+  /// Whether the text that is being parsed outlives the value.
+  [[nodiscard]] bool isTextLent() const noexcept {
+    return m_isTextLent;
+  }
+
  private:
   friend class VCardMultiValue;
+  friend struct ValueReading;
 
   detail::SharedText m_charset;
   bool m_quotedPrintable = false;
+  bool m_isTextLent = false;
 };
 
 } // namespace cardwright

@@ -5,11 +5,11 @@
 namespace cardwright::detail {
 
 TextStorage::TextStorage(const TextStorage& other) {
-  if (other.isOwned()) {
+  if (other.isOwned() || other.isLent()) {
     assign(other.view());
   } else {
     m_data = other.m_data;
-    m_sizeAndOwned = other.m_sizeAndOwned;
+    m_sizeAndKind = other.m_sizeAndKind;
   }
 }
 
@@ -24,7 +24,7 @@ TextStorage& TextStorage::operator=(TextStorage&& other) noexcept {
   if (this != &other) {
     release();
     m_data = other.m_data;
-    m_sizeAndOwned = other.m_sizeAndOwned;
+    m_sizeAndKind = other.m_sizeAndKind;
     other.forget();
   }
   return *this;
@@ -39,7 +39,7 @@ void TextStorage::assign(TextView text) {
   }
   release();
   m_data = data;
-  m_sizeAndOwned = (text.size() << 1U) | (text.empty() ? 0U : 1U);
+  m_sizeAndKind = (text.size() << 2U) | (text.empty() ? 0U : kOwned);
 }
 
 void TextStorage::assign(std::optional<TextView> text) {

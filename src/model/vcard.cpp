@@ -1,5 +1,6 @@
 #include "cardwright/vcard.h"
 
+#include "base/arena.h"
 #include "base/case.h"
 #include "cardwright/vocabulary.h"
 #include "model/known_names.h"
@@ -29,15 +30,16 @@ void VCard::setPropertyDict(const VCardPropertyDict& dict) {
 
 void VCard::addProperty(std::shared_ptr<VCardProperty> property) {
   if (property != nullptr) {
-    addTo(properties(), std::move(property));
+    addTo(properties(), std::move(property), nullptr);
   }
 }
 
-void VCard::addTo(PropertyStore& properties, std::shared_ptr<VCardProperty> property) {
+void VCard::addTo(PropertyStore& properties, std::shared_ptr<VCardProperty> property,
+                  Arena* arena) {
   const UpperCasedName key(property->name());
   std::shared_ptr<VCardPropertyList>* list = properties.find(key.view());
   if (list == nullptr) {
-    list = &properties.add(nameStorage(key.view()), std::make_shared<VCardPropertyList>());
+    list = &properties.add(nameStorage(key.view()), makeIn<VCardPropertyList>(arena));
   }
   (*list)->push_back(std::move(property));
 }

@@ -17,28 +17,28 @@ std::shared_ptr<VCardParameter> VCardParameter::parameterWithName(TextView name,
 TextList VCardParameter::values() const {
   TextList values;
   values.reserve(m_values.size());
-  for (const detail::TextStorage& value : m_values) {
-    values.emplace_back(value.view());
+  for (std::size_t i = 0; i < m_values.size(); ++i) {
+    values.emplace_back(m_values[i].view());
   }
   return values;
 }
 
 std::optional<TextView> VCardParameter::firstValue() const noexcept {
-  return m_values.empty() ? std::nullopt : m_values.front().optionalView();
+  return m_values.empty() ? std::nullopt : m_values[0].optionalView();
 }
 
 void VCardParameter::addValue(TextView rawValue) {
   if (rawValue.find(u'^') == TextView::npos) {
-    m_values.emplace_back(rawValue);
+    m_values.push_back(detail::TextStorage(rawValue));
   } else {
-    m_values.emplace_back(TextView(VCardUtils::decodeParameterTextValue(rawValue)));
+    m_values.push_back(
+        detail::TextStorage(TextView(VCardUtils::decodeParameterTextValue(rawValue))));
   }
 }
 
 void VCardParameter::addValues(const TextList& values) {
-  m_values.reserve(m_values.size() + values.size());
   for (const Text& value : values) {
-    m_values.emplace_back(TextView(value));
+    m_values.push_back(detail::TextStorage(TextView(value)));
   }
 }
 

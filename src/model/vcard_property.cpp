@@ -40,22 +40,22 @@ std::shared_ptr<VCardProperty> VCardProperty::propertyForVersion(VersionCode ver
 }
 
 std::optional<VCardParameterDict> VCardProperty::parameterDict() const {
-  if (m_parameters == nullptr) {
+  if (!m_hasParameters) {
     return std::nullopt;
   }
   VCardParameterDict dict;
-  for (const auto& [key, parameter] : m_parameters->entries()) {
+  for (const auto& [key, parameter] : m_parameters.entries()) {
     dict.emplace(key.view(), parameter);
   }
   return dict;
 }
 
 void VCardProperty::setParameterDict(const std::optional<VCardParameterDict>& dict) {
-  m_parameters.reset();
+  m_parameters = {};
+  m_hasParameters = dict.has_value();
   if (dict) {
-    m_parameters = std::make_unique<ParameterStore>();
     for (const auto& [key, parameter] : *dict) {
-      m_parameters->add(nameStorage(key), parameter);
+      m_parameters.add(nameStorage(key), parameter);
     }
   }
 }
@@ -64,13 +64,11 @@ void VCardProperty::addParameter(const std::shared_ptr<VCardParameter>& paramete
   if (parameter == nullptr) {
     return;
   }
-  if (m_parameters == nullptr) {
-    m_parameters = std::make_unique<ParameterStore>();
-  }
+  m_hasParameters = true;
   const UpperCasedName key(parameter->name());
-  std::shared_ptr<VCardParameter>* stored = m_parameters->find(key.view());
+  std::shared_ptr<VCardParameter>* stored = m_parameters.find(key.view());
   if (stored == nullptr) {
-    m_parameters->add(nameStorage(key.view()), parameter);
+    m_parameters.add(nameStorage(key.view()), parameter);
     return;
   }
   if (*stored == nullptr) {
@@ -81,40 +79,44 @@ void VCardProperty::addParameter(const std::shared_ptr<VCardParameter>& paramete
   // By index: a parameter may be added to itself.
   const std::size_t count = parameter->m_values.size();
   for (std::size_t i = 0; i < count; ++i) {
-    detail::TextStorage copy = parameter->m_values[i];
-    values.push_back(std::move(copy));
+    values.push_back(detail::TextStorage(parameter->m_values[i]));
+  }
+}
+
+void VCardProperty::takeParameter(std::shared_ptr<VCardParameter> parameter) {
+  m_hasParameters = true;
+  // Upper-cased names are their own keys.
+  std::shared_ptr<VCardParameter>* stored = m_parameters.find(parameter->name());
+  if (stored == nullptr) {
+    detail::TextStorage key = nameStorage(parameter->name());
+    m_parameters.add(std::move(key), std::move(parameter));
+  } else {
+    (*stored)->m_values.take(std::move(parameter->m_values));
   }
 }
 
 std::shared_ptr<VCardParameter> VCardProperty::parameterWithName(TextView name) const {
-  if (m_parameters == nullptr) {
-    return nullptr;
-  }
-  const std::shared_ptr<VCardParameter>* found = m_parameters->find(UpperCasedName(name).view());
+  const std::shared_ptr<VCardParameter>* found = m_parameters.find(UpperCasedName(name).view());
   return found != nullptr ? *found : nullptr;
 }
 
 void VCardProperty::removeParameterWithName(TextView name) {
-  if (m_parameters != nullptr) {
-    m_parameters->remove(UpperCasedName(name).view());
-  }
+  m_parameters.remove(UpperCasedName(name).view());
 }
 
 std::optional<TextView> VCardProperty::valueOfParameterWithName(TextView name) const {
-  if (m_parameters == nullptr) {
+  if (m_parameters.empty()) {
     return std::nullopt;
   }
-  const std::shared_ptr<VCardParameter>* found = m_parameters->find(UpperCasedName(name).view());
+  const std::shared_ptr<VCardParameter>* found = m_parameters.find(UpperCasedName(name).view());
   return found != nullptr && *found != nullptr ? (*found)->firstValue() : std::nullopt;
 }
 
 VCardParameterList VCardProperty::xParameters() const {
   VCardParameterList list;
-  if (m_parameters != nullptr) {
-    for (const auto& [key, parameter] : m_parameters->entries()) {
-      if (parameter != nullptr && key.view().starts_with(u"X-")) {
-        list.push_back(parameter);
-      }
+  for (const auto& [key, parameter] : m_parameters.entries()) {
+    if (parameter != nullptr && key.view().starts_with(u"X-")) {
+      list.push_back(parameter);
     }
   }
   return list;

@@ -9,6 +9,7 @@
 #include "model/known_names.h"
 #include "model/value_types.h"
 #include "reader/token.h"
+#include "values/value_maker.h"
 
 namespace cardwright {
 
@@ -20,25 +21,6 @@ TextView nameOfBareParameter(TextView propertyName, TextView text) {
                           equalIgnoringCase(text, cVCardParameter_ENCODING_BASE64);
   return isEncoding ? cVCardParameter_ENCODING : cVCardParameter_TYPE;
 }
-
-/// What a walk along a content line comes upon: a property that is filled.
-class PropertyFilling {
- public:
-  explicit PropertyFilling(VCardProperty& property) noexcept : m_property(property) {}
-
-  void parameter(TextView name, TextView value) {
-    m_parameter = VCardParameter::parameterWithName(name, value);
-  }
-  void bareParameter(TextView value) {
-    parameter(nameOfBareParameter(m_property.name(), value), value);
-  }
-  void furtherValue(TextView value) { m_parameter->addValue(value); }
-  void endParameter() { m_property.addParameter(m_parameter); }
-
- private:
-  VCardProperty& m_property;
-  std::shared_ptr<VCardParameter> m_parameter;
-};
 
 /// Nothing, where only the form of the line matters.
 struct Ignoring {
@@ -144,28 +126,67 @@ ContentLineCheck checkContentLine(TextView line) {
   return check;
 }
 
-ContentLineParser::ContentLineParser(VersionCode version, DateFormatter* formatter)
-    : m_version(version), m_formatter(formatter) {
+/// What a walk along a content line comes upon: a property that is filled.
+class ContentLineParser::Filling {
+ public:
+  Filling(const ContentLineParser& parser, VCardProperty& property) noexcept
+      : m_parser(parser), m_property(property) {}
+
+  void parameter(TextView name, TextView value) {
+    m_parameter = makeIn<VCardParameter>(m_parser.m_arena);
+    m_parameter->m_name = nameStorage(UpperCasedName(name).view());
+    furtherValue(value);
+  }
+  void bareParameter(TextView value) {
+    parameter(nameOfBareParameter(m_property.name(), value), value);
+  }
+  void furtherValue(TextView value) {
+    if (value.find(u'^') == TextView::npos) {
+      m_parameter->m_values.push_back(m_parser.kept(value));
+    } else {
+      m_parameter->addValue(value);
+    }
+  }
+  void endParameter() { m_property.takeParameter(std::move(m_parameter)); }
+
+ private:
+  const ContentLineParser& m_parser;
+  VCardProperty& m_property;
+  std::shared_ptr<VCardParameter> m_parameter;
+};
+
+ContentLineParser::ContentLineParser(VersionCode version, DateFormatter* formatter, Arena* arena)
+    : m_version(version), m_formatter(formatter), m_arena(arena) {
   if (formatter == nullptr) {
     fatalError("Formatter is nil");
   }
 }
 
-DropReason ContentLineParser::parse(TextView line, VCardProperty& property) const {
+detail::TextStorage ContentLineParser::kept(TextView part) const {
+  return m_arena != nullptr ? detail::TextStorage::lend(part) : detail::TextStorage(part);
+}
+
+const detail::SharedText& ContentLineParser::sharedCharset(TextView name) {
+  if (m_charset.optionalView() != name) {
+    m_charset.assign(name);
+  }
+  return m_charset;
+}
+
+DropReason ContentLineParser::parse(TextView line, VCardProperty& property) {
   std::size_t location = 0;
   TextView token;
   if (const DropReason reason = walkName(line, location, token); reason != DropReason::none) {
     return reason;
   }
   const std::size_t dot = token.find(u'.');
-  property.m_group.assign(dot == TextView::npos ? std::nullopt
-                                                : std::optional<TextView>(token.substr(0, dot)));
+  property.m_group = dot == TextView::npos ? detail::TextStorage() : kept(token.substr(0, dot));
   const TextView name = dot == TextView::npos ? token : token.substr(dot + 1);
   property.m_name = nameStorage(UpperCasedName(name).view());
-  property.m_parameters.reset();
+  property.setParameterDict(std::nullopt);
   property.m_value.reset();
 
-  PropertyFilling filling(property);
+  Filling filling(*this, property);
   if (const DropReason reason = walkParameters(line, location, filling);
       reason != DropReason::none) {
     return reason;
@@ -177,14 +198,14 @@ DropReason ContentLineParser::parse(TextView line, VCardProperty& property) cons
   return DropReason::none;
 }
 
-void ContentLineParser::parseValue(TextView text, VCardProperty& property) const {
+void ContentLineParser::parseValue(TextView text, VCardProperty& property) {
   while (!text.empty() && isWhitespace(text.front())) {
     text.remove_prefix(1);
   }
   TextView type = property.defaultTypeForVersion(m_version);
   std::optional<TextView> charset;
   bool isQuotedPrintable = false;
-  if (property.m_parameters != nullptr) {
+  if (!property.m_parameters.empty()) {
     const std::optional<TextView> stated = property.valueOfParameterWithName(cVCardParameter_VALUE);
     if (stated) {
       const std::optional<TextView> implied = equivalentType(type);
@@ -200,12 +221,16 @@ void ContentLineParser::parseValue(TextView text, VCardProperty& property) const
   }
   std::shared_ptr<VCardValue> value = property.isMultiValueProperty()
                                           ? VCardMultiValue::valueWithType(type)
-                                          : VCardValue::valueWithType(type);
+                                          : valueWithTypeIn(type, m_arena);
   if (charset) {
-    value->setCharset(charset);
+    ValueReading::setCharset(*value, sharedCharset(*charset));
   }
   value->setQuotedPrintable(isQuotedPrintable);
-  value->parse(text, m_version, m_formatter);
+  if (m_arena != nullptr) {
+    ValueReading::parseLent(*value, text, m_version, m_formatter);
+  } else {
+    value->parse(text, m_version, m_formatter);
+  }
   property.m_value = std::move(value);
 }
 

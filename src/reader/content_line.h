@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/arena.h"
+#include "cardwright/detail/shared_text.h"
 #include "cardwright/read_report.h"
 #include "cardwright/vcard_property.h"
 
@@ -18,16 +20,26 @@ struct ContentLineCheck {
 class ContentLineParser {
  public:
   /// @param formatter must be present
-  ContentLineParser(VersionCode version, DateFormatter* formatter);
+  /// @param arena     where what the property consists of is made, if not null; the lines must then
+  ///                  live as long as the arena
+  ContentLineParser(VersionCode version, DateFormatter* formatter, Arena* arena = nullptr);
+
+  void setVersion(VersionCode version) noexcept { m_version = version; }
 
   /// Fills the property; anything but DropReason::none says why the line cannot be one.
-  DropReason parse(TextView line, VCardProperty& property) const;
+  DropReason parse(TextView line, VCardProperty& property);
 
  private:
-  void parseValue(TextView text, VCardProperty& property) const;
+  class Filling;
+
+  void parseValue(TextView text, VCardProperty& property);
+  [[nodiscard]] detail::TextStorage kept(TextView part) const;
+  [[nodiscard]] const detail::SharedText& sharedCharset(TextView name);
 
   VersionCode m_version;
   DateFormatter* m_formatter;
+  Arena* m_arena;
+  detail::SharedText m_charset; ///< the last one, which mostly is the next one too
 };
 
 } // namespace cardwright

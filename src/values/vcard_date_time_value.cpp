@@ -6,6 +6,7 @@
 #include "base/saturating.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/vocabulary.h"
+#include "values/value_maker.h"
 
 #include <array>
 
@@ -179,10 +180,14 @@ class Pattern {
 std::shared_ptr<VCardDateTimeValue>
 VCardDateTimeValue::valueWithType(std::optional<TextView> type) {
   auto value = std::make_shared<VCardDateTimeValue>();
-  const auto* known = type ? kForms.find(*type) : nullptr;
-  value->m_type =
-      known != nullptr ? detail::TextStorage::borrow(known->name) : detail::TextStorage(type);
+  setTypeOf(*value, type);
   return value;
+}
+
+void setTypeOf(VCardDateTimeValue& value, std::optional<TextView> type) {
+  const auto* known = type ? kForms.find(*type) : nullptr;
+  value.m_type =
+      known != nullptr ? detail::TextStorage::borrow(known->name) : detail::TextStorage(type);
 }
 
 std::shared_ptr<VCardDateTimeValue>

@@ -49,7 +49,7 @@ bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* f
   forEachListPiece(text, [&](TextView piece) {
     std::shared_ptr<VCardValue> element;
     if (maker != nullptr) {
-      element = maker(*elementType);
+      element = maker(*elementType, nullptr);
     } else {
       // Names of types and charsets can be as long as the list: its elements share them.
       auto extension = std::make_shared<VCardXValue>();

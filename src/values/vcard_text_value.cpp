@@ -50,7 +50,7 @@ std::optional<TextView> VCardXValue::type() const noexcept {
 
 bool VCardTextValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
   if (!quotedPrintable() && !charset() && text.find(u'\\') == TextView::npos) {
-    m_text.assign(text);
+    m_text = isTextLent() ? detail::TextStorage::lend(text) : detail::TextStorage(text);
   } else {
     m_text = detail::TextStorage(
         std::optional<TextView>(VCardUtils::decodeTextValue(text, quotedPrintable(), charset())));

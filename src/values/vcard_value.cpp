@@ -20,23 +20,24 @@ namespace cardwright {
 namespace {
 
 template <typename Value>
-std::shared_ptr<VCardValue> make(TextView /*type*/) {
-  return std::make_shared<Value>();
+std::shared_ptr<VCardValue> make(TextView /*type*/, Arena* arena) {
+  return makeIn<Value>(arena);
 }
 
-template <typename Value>
-std::shared_ptr<VCardValue> makeWithType(TextView type) {
-  return Value::valueWithType(type);
+std::shared_ptr<VCardValue> makeDateTime(TextView type, Arena* arena) {
+  auto value = makeIn<VCardDateTimeValue>(arena);
+  setTypeOf(*value, type);
+  return value;
 }
 
 /// Which class a value type name selects.
 constexpr NameTable kMakers({
     NameRow<ValueMaker>{cVCardValue_Address, make<VCardAddressValue>},
-    {cVCardValue_DATE, makeWithType<VCardDateTimeValue>},
-    {cVCardValue_DATE_TIME, makeWithType<VCardDateTimeValue>},
-    {cVCardValue_TIME, makeWithType<VCardDateTimeValue>},
-    {cVCardValue_DATE_AND_OR_TIME, makeWithType<VCardDateTimeValue>},
-    {cVCardValue_TIMESTAMP, makeWithType<VCardDateTimeValue>},
+    {cVCardValue_DATE, makeDateTime},
+    {cVCardValue_DATE_TIME, makeDateTime},
+    {cVCardValue_TIME, makeDateTime},
+    {cVCardValue_DATE_AND_OR_TIME, makeDateTime},
+    {cVCardValue_TIMESTAMP, makeDateTime},
     {cVCardValue_N, make<VCardNValue>},
     {cVCardValue_TEXT, make<VCardTextValue>},
     {cVCardValue_BINARY, make<VCardTextValue>},
@@ -59,8 +60,16 @@ std::shared_ptr<VCardValue> VCardValue::valueWithType(std::optional<TextView> ty
   if (!type) {
     return nullptr;
   }
-  const ValueMaker maker = valueMakerFor(*type);
-  return maker != nullptr ? maker(*type) : VCardXValue::valueWithType(type);
+  return valueWithTypeIn(*type, nullptr);
+}
+
+std::shared_ptr<VCardValue> valueWithTypeIn(TextView type, Arena* arena) {
+  if (const ValueMaker maker = valueMakerFor(type)) {
+    return maker(type, arena);
+  }
+  auto value = makeIn<VCardXValue>(arena);
+  value->setType(type);
+  return value;
 }
 
 std::optional<TextView> VCardValue::type() const noexcept {

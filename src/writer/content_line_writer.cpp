@@ -8,7 +8,7 @@
 namespace cardwright {
 
 TextList VCardProperty::parametersInSortOrder() const {
-  return m_parameters != nullptr ? keysInWrittenOrder(*m_parameters, parameterRank) : TextList{};
+  return keysInWrittenOrder(m_parameters, parameterRank);
 }
 
 void VCardProperty::addValueParameterIfNecessaryForVersion(VersionCode version) {
@@ -39,17 +39,15 @@ void VCardProperty::generate(Text& output, VersionCode version, DateFormatter* f
   const bool isQuotedPrintable =
       m_value != nullptr && m_value->quotedPrintable() && encoding &&
       equalIgnoringCase(*encoding, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
-  if (m_parameters != nullptr) {
-    for (const auto& [rank, head, key, stored] : inWrittenOrder(*m_parameters, parameterRank)) {
-      const bool described = equalIgnoringCase(key, cVCardParameter_ENCODING) ||
-                             equalIgnoringCase(key, cVCardParameter_CHARSET);
-      const std::shared_ptr<VCardParameter>& parameter = *stored;
-      if (parameter == nullptr || (isQuotedPrintable && described)) {
-        continue;
-      }
-      output.push_back(u';');
-      parameter->generate(output, version, formatter);
+  for (const auto& [rank, head, key, stored] : inWrittenOrder(m_parameters, parameterRank)) {
+    const bool described = equalIgnoringCase(key, cVCardParameter_ENCODING) ||
+                           equalIgnoringCase(key, cVCardParameter_CHARSET);
+    const std::shared_ptr<VCardParameter>& parameter = *stored;
+    if (parameter == nullptr || (isQuotedPrintable && described)) {
+      continue;
     }
+    output.push_back(u';');
+    parameter->generate(output, version, formatter);
   }
   if (version == 2 && isQuotedPrintable) {
     // The value is written decoded; readers of 2.1 are told in which character set.

@@ -12,7 +12,7 @@ void VCardParameter::generate(Text& output, VersionCode version,
                             equalIgnoringCase(name(), cVCardParameter_VALUE);
   const bool isBare = isType && version == 2;
   bool isFirst = true;
-  for (const detail::TextStorage& value : m_values) {
+  for (std::size_t i = 0; i < m_values.size(); ++i) {
     if (!isFirst) {
       output.push_back(u';');
     }
@@ -21,7 +21,7 @@ void VCardParameter::generate(Text& output, VersionCode version,
       output.append(name());
       output.push_back(u'=');
     }
-    const TextView plain = value.view();
+    const TextView plain = m_values[i].view();
     const bool keepsCase = !isUpperCased || plain == cVCardParameter_TYPE_PREF;
     const Text encoded =
         VCardUtils::encodeParameterTextValue(keepsCase ? Text(plain) : upperCased(plain));

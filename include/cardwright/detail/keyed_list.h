@@ -18,6 +18,9 @@ namespace cardwright::detail {
 template <typename Value>
 class KeyedList {
  public:
+  /// So many entries are searched from the front.
+  static constexpr std::size_t kLinearLimit = 24;
+
   struct Entry {
     TextStorage key;
     Value value;
@@ -26,6 +29,8 @@ class KeyedList {
   [[nodiscard]] const std::vector<Entry>& entries() const noexcept { return m_entries; }
   [[nodiscard]] bool empty() const noexcept { return m_entries.empty(); }
   [[nodiscard]] std::size_t size() const noexcept { return m_entries.size(); }
+
+  void reserve(std::size_t count) { m_entries.reserve(count); }
 
   /// The value stored under exactly this key, or null. Valid until the list changes.
   [[nodiscard]] const Value* find(TextView key) const {
@@ -69,8 +74,6 @@ class KeyedList {
 
  private:
   using Index = std::map<TextView, std::size_t>;
-
-  static constexpr std::size_t kLinearLimit = 24;
 
   [[nodiscard]] std::size_t positionOf(TextView key) const {
     if (m_index) {
