@@ -112,7 +112,10 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
 
  private:
   friend class ContentLineParser;
+  friend class VCard;
 
+  /// valueOfParameterWithName for a name that is upper-cased already.
+  [[nodiscard]] std::optional<TextView> valueOfParameterWithKey(TextView key) const;
   /// addParameter for a parameter that nobody else holds: its values may be taken.
   void takeParameter(std::shared_ptr<VCardParameter> parameter);
 

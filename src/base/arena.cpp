@@ -1,5 +1,7 @@
 #include "base/arena.h"
 
+#include "base/slab_pool.h"
+
 #include <algorithm>
 #include <new>
 
@@ -8,8 +10,7 @@ namespace cardwright {
 namespace {
 
 constexpr std::size_t kAlignment = alignof(std::max_align_t);
-constexpr std::size_t kSmallestBlock = 512;
-constexpr std::size_t kLargestBlock = std::size_t{64} * 1024;
+constexpr std::size_t kFurther = 1024; ///< what is taken when the expected was not enough
 
 constexpr std::size_t aligned(std::size_t size) noexcept {
   return (size + kAlignment - 1) / kAlignment * kAlignment;
@@ -17,31 +18,22 @@ constexpr std::size_t aligned(std::size_t size) noexcept {
 
 } // namespace
 
-Arena* Arena::make(std::size_t expected, std::shared_ptr<const void> kept) {
-  std::unique_ptr<Arena, ArenaHold::Release> arena(new Arena(std::move(kept)));
-  arena->addBlock(std::clamp(expected, kSmallestBlock, kLargestBlock));
-  return arena.release();
-}
-
-Arena::~Arena() {
-  while (m_blocks != nullptr) {
-    Block* const before = m_blocks->before;
-    ::operator delete(m_blocks);
-    m_blocks = before;
-  }
-}
-
-void Arena::addBlock(std::size_t size) {
-  auto* const memory = static_cast<std::byte*>(::operator new(aligned(sizeof(Block)) + size));
-  m_blocks = new (memory) Block{m_blocks};
-  m_next = memory + aligned(sizeof(Block));
-  m_end = m_next + size;
+Arena::Hold Arena::make(SlabPool& pool, std::shared_ptr<const void> kept, std::size_t expected) {
+  // The arena itself stands in front of what it hands out.
+  const std::size_t size = aligned(sizeof(Arena)) + aligned(expected);
+  auto* const memory = static_cast<std::byte*>(pool.take(size));
+  Hold arena(new (memory) Arena(pool, std::move(kept)));
+  arena->m_next = memory + aligned(sizeof(Arena));
+  arena->m_end = memory + size;
+  return arena;
 }
 
 void* Arena::allocate(std::size_t size) {
   size = aligned(size);
   if (static_cast<std::size_t>(m_end - m_next) < size) {
-    addBlock(std::max(size, kLargestBlock / 16));
+    const std::size_t taken = std::max(size, kFurther);
+    m_next = static_cast<std::byte*>(m_pool.take(taken));
+    m_end = m_next + taken;
   }
   void* const memory = m_next;
   m_next += size;
@@ -52,7 +44,9 @@ void* Arena::allocate(std::size_t size) {
 
 void Arena::release() noexcept {
   if (m_references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    delete this;
+    // The arena lies in what may go now.
+    const std::shared_ptr<const void> kept = std::move(m_kept);
+    this->~Arena();
   }
 }
 

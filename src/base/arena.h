@@ -7,18 +7,27 @@
 
 namespace cardwright {
 
-/// Memory for objects that are made together and mostly go together, such as those of a card: cut
-/// from a few blocks, which are freed with the last of the objects. One thread allocates, before
-/// any other knows the objects; each may then be let go by any thread.
+class SlabPool;
+
+/// Memory for objects that are made together, such as those of a card, cut from a pool that lives
+/// as long as any of them. One thread allocates, before any other knows the objects; each may then
+/// be let go by any thread.
 class Arena {
  public:
+  struct Release {
+    void operator()(Arena* arena) const noexcept { arena->release(); }
+  };
+  /// How its maker holds an arena.
+  using Hold = std::unique_ptr<Arena, Release>;
+
   Arena(const Arena&) = delete;
   Arena& operator=(const Arena&) = delete;
 
-  /// An arena without objects, which its maker holds with one reference.
+  /// @param pool     where the memory comes from
+  /// @param kept     keeps the pool alive, and is kept by the objects
   /// @param expected how many bytes will be needed, roughly
-  /// @param kept     lives as long as the arena
-  [[nodiscard]] static Arena* make(std::size_t expected, std::shared_ptr<const void> kept);
+  [[nodiscard]] static Hold make(SlabPool& pool, std::shared_ptr<const void> kept,
+                                 std::size_t expected);
 
   /// Memory for one object, aligned for anything. Holds the arena until it is let go.
   [[nodiscard]] void* allocate(std::size_t size);
@@ -26,28 +35,15 @@ class Arena {
   void release() noexcept;
 
  private:
-  struct Block {
-    Block* before;
-  };
-
-  explicit Arena(std::shared_ptr<const void> kept) noexcept : m_kept(std::move(kept)) {}
-  ~Arena();
-
-  void addBlock(std::size_t size);
+  Arena(SlabPool& pool, std::shared_ptr<const void> kept) noexcept
+      : m_pool(pool), m_kept(std::move(kept)) {}
+  ~Arena() = default;
 
   std::atomic<std::size_t> m_references = 1;
+  SlabPool& m_pool;
   std::shared_ptr<const void> m_kept;
-  Block* m_blocks = nullptr;
   std::byte* m_next = nullptr;
   std::byte* m_end = nullptr;
-};
-
-/// Holds an arena while objects are made in it.
-struct ArenaHold {
-  struct Release {
-    void operator()(Arena* arena) const noexcept { arena->release(); }
-  };
-  using Pointer = std::unique_ptr<Arena, Release>;
 };
 
 /// Lets standard facilities allocate from an arena.

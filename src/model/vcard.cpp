@@ -39,7 +39,8 @@ void VCard::addTo(PropertyStore& properties, std::shared_ptr<VCardProperty> prop
   const UpperCasedName key(property->name());
   std::shared_ptr<VCardPropertyList>* list = properties.find(key.view());
   if (list == nullptr) {
-    list = &properties.add(nameStorage(key.view()), makeIn<VCardPropertyList>(arena));
+    detail::TextStorage stored = key.isOriginal() ? property->m_name : nameStorage(key.view());
+    list = &properties.add(std::move(stored), makeIn<VCardPropertyList>(arena));
   }
   (*list)->push_back(std::move(property));
 }

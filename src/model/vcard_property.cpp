@@ -88,7 +88,7 @@ void VCardProperty::takeParameter(std::shared_ptr<VCardParameter> parameter) {
   // Upper-cased names are their own keys.
   std::shared_ptr<VCardParameter>* stored = m_parameters.find(parameter->name());
   if (stored == nullptr) {
-    detail::TextStorage key = nameStorage(parameter->name());
+    detail::TextStorage key = parameter->m_name;
     m_parameters.add(std::move(key), std::move(parameter));
   } else {
     (*stored)->m_values.take(std::move(parameter->m_values));
@@ -105,10 +105,11 @@ void VCardProperty::removeParameterWithName(TextView name) {
 }
 
 std::optional<TextView> VCardProperty::valueOfParameterWithName(TextView name) const {
-  if (m_parameters.empty()) {
-    return std::nullopt;
-  }
-  const std::shared_ptr<VCardParameter>* found = m_parameters.find(UpperCasedName(name).view());
+  return m_parameters.empty() ? std::nullopt : valueOfParameterWithKey(UpperCasedName(name).view());
+}
+
+std::optional<TextView> VCardProperty::valueOfParameterWithKey(TextView key) const {
+  const std::shared_ptr<VCardParameter>* found = m_parameters.find(key);
   return found != nullptr && *found != nullptr ? (*found)->firstValue() : std::nullopt;
 }
 

@@ -206,16 +206,16 @@ void ContentLineParser::parseValue(TextView text, VCardProperty& property) {
   std::optional<TextView> charset;
   bool isQuotedPrintable = false;
   if (!property.m_parameters.empty()) {
-    const std::optional<TextView> stated = property.valueOfParameterWithName(cVCardParameter_VALUE);
+    const std::optional<TextView> stated = property.valueOfParameterWithKey(cVCardParameter_VALUE);
     if (stated) {
       const std::optional<TextView> implied = equivalentType(type);
       if (!implied || !equalIgnoringCase(*implied, *stated)) {
         type = *stated;
       }
     }
-    charset = property.valueOfParameterWithName(cVCardParameter_CHARSET);
+    charset = property.valueOfParameterWithKey(cVCardParameter_CHARSET);
     const std::optional<TextView> encoding =
-        property.valueOfParameterWithName(cVCardParameter_ENCODING);
+        property.valueOfParameterWithKey(cVCardParameter_ENCODING);
     isQuotedPrintable =
         encoding && equalIgnoringCase(*encoding, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/slab_pool.h"
 #include "cardwright/text.h"
 
 #include <forward_list>
@@ -13,6 +14,7 @@ struct LineStore {
   Text text;                      ///< never changes its place
   std::forward_list<Text> copies; ///< lines that are no part of the text
   std::vector<TextView> lines;
+  mutable SlabPool pool; ///< for what the cards make of their lines
 };
 
 } // namespace cardwright::detail

@@ -12,7 +12,8 @@ void VCard::readProperties() const {
   std::call_once(m_reading, [this] {
     // What is made of an ordinary line: a property, its value, perhaps a parameter.
     constexpr std::size_t kBytesForLine = 320;
-    const ArenaHold::Pointer arena(Arena::make(m_unread.count * kBytesForLine, m_unread.store));
+    const Arena::Hold arena =
+        Arena::make(m_unread.store->pool, m_unread.store, m_unread.count * kBytesForLine);
     PropertyStore properties;
     properties.reserve(std::min(m_unread.count + 1, PropertyStore::kLinearLimit));
     DateFormatter formatter("en_US_POSIX");
