@@ -150,8 +150,9 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
     return const_cast<PropertyStore&>(std::as_const(*this).properties()); // NOLINT: not const here
   }
   void readProperties() const;
-  static void addTo(PropertyStore & properties, std::shared_ptr<VCardProperty> property,
-                    Arena * arena);
+  /// addProperty for a new property whose name is upper-cased; its list is made in the arena.
+  static void addUpperCased(PropertyStore & properties, std::shared_ptr<VCardProperty> property,
+                            Arena * arena);
 
   [[nodiscard]] const VCardProperty* firstPropertyWithKey(TextView key) const;
 

@@ -29,18 +29,23 @@ void VCard::setPropertyDict(const VCardPropertyDict& dict) {
 }
 
 void VCard::addProperty(std::shared_ptr<VCardProperty> property) {
-  if (property != nullptr) {
-    addTo(properties(), std::move(property), nullptr);
+  if (property == nullptr) {
+    return;
   }
+  PropertyStore& store = properties();
+  const UpperCasedName key(property->name());
+  std::shared_ptr<VCardPropertyList>* list = store.find(key.view());
+  if (list == nullptr) {
+    list = &store.add(nameStorage(key.view()), std::make_shared<VCardPropertyList>());
+  }
+  (*list)->push_back(std::move(property));
 }
 
-void VCard::addTo(PropertyStore& properties, std::shared_ptr<VCardProperty> property,
-                  Arena* arena) {
-  const UpperCasedName key(property->name());
-  std::shared_ptr<VCardPropertyList>* list = properties.find(key.view());
+void VCard::addUpperCased(PropertyStore& properties, std::shared_ptr<VCardProperty> property,
+                          Arena* arena) {
+  std::shared_ptr<VCardPropertyList>* list = properties.find(property->name());
   if (list == nullptr) {
-    detail::TextStorage stored = key.isOriginal() ? property->m_name : nameStorage(key.view());
-    list = &properties.add(std::move(stored), makeIn<VCardPropertyList>(arena));
+    list = &properties.add(property->m_name, makeIn<VCardPropertyList>(arena));
   }
   (*list)->push_back(std::move(property));
 }

@@ -182,7 +182,10 @@ DropReason ContentLineParser::parse(TextView line, VCardProperty& property) {
   const std::size_t dot = token.find(u'.');
   property.m_group = dot == TextView::npos ? detail::TextStorage() : kept(token.substr(0, dot));
   const TextView name = dot == TextView::npos ? token : token.substr(dot + 1);
-  property.m_name = nameStorage(UpperCasedName(name).view());
+  const UpperCasedName upper(name);
+  const KnownName* known = knownName(upper.view());
+  property.m_name = known != nullptr ? detail::TextStorage::borrow(known->name)
+                                     : detail::TextStorage(upper.view());
   property.setParameterDict(std::nullopt);
   property.m_value.reset();
 
@@ -191,18 +194,20 @@ DropReason ContentLineParser::parse(TextView line, VCardProperty& property) {
       reason != DropReason::none) {
     return reason;
   }
-  parseValue(line.substr(location), property);
+  const TextView type = known == nullptr ? property.defaultTypeForVersion(m_version)
+                        : m_version < 4  ? known->value.below4
+                                         : known->value.type;
+  parseValue(line.substr(location), type, property);
   if (equalIgnoringCase(property.name(), cVCardProperty_VERSION) && !property.textValue()) {
     return DropReason::versionWithoutText;
   }
   return DropReason::none;
 }
 
-void ContentLineParser::parseValue(TextView text, VCardProperty& property) {
+void ContentLineParser::parseValue(TextView text, TextView type, VCardProperty& property) {
   while (!text.empty() && isWhitespace(text.front())) {
     text.remove_prefix(1);
   }
-  TextView type = property.defaultTypeForVersion(m_version);
   std::optional<TextView> charset;
   bool isQuotedPrintable = false;
   if (!property.m_parameters.empty()) {

@@ -32,7 +32,8 @@ class ContentLineParser {
  private:
   class Filling;
 
-  void parseValue(TextView text, VCardProperty& property);
+  /// @param type what the value is unless a VALUE parameter says otherwise
+  void parseValue(TextView text, TextView type, VCardProperty& property);
   [[nodiscard]] detail::TextStorage kept(TextView part) const;
   [[nodiscard]] const detail::SharedText& sharedCharset(TextView name);
 

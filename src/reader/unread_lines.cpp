@@ -24,10 +24,10 @@ void VCard::readProperties() const {
       }
       auto property = makeIn<VCardProperty>(arena.get());
       static_cast<void>(parser.parse(m_unread.store->lines[m_unread.first + i], *property));
-      addTo(properties, std::move(property), arena.get());
+      addUpperCased(properties, std::move(property), arena.get());
     }
     if (m_unread.version == 0) {
-      addTo(properties, VCardProperty::propertyForVersion(3), nullptr);
+      addUpperCased(properties, VCardProperty::propertyForVersion(3), nullptr);
     }
     m_properties = std::move(properties);
     m_unread = {};
