@@ -30,6 +30,23 @@ TEST(TextStorage, tellsEmptyFromAbsent) {
   }
 }
 
+TEST(TextStorage, copiesWhatIsLentToIt) {
+  Text text = u"abc";
+  TextStorage lent = TextStorage::lend(text);
+  EXPECT_EQ(lent.view().data(), text.data());
+  const TextStorage copy = lent;
+  TextStorage assigned;
+  assigned = lent;
+  const TextStorage moved = std::move(lent);
+  EXPECT_EQ(moved.view().data(), text.data());
+  text = u"xyz";
+  EXPECT_EQ(copy.view(), u"abc");
+  EXPECT_EQ(assigned.view(), u"abc");
+  EXPECT_EQ(moved.view(), u"xyz");
+  EXPECT_TRUE(TextStorage::lend(TextView()).isPresent());
+  EXPECT_TRUE(TextStorage(TextStorage::lend(TextView())).isPresent());
+}
+
 TEST(TextStorage, keepsACopy) {
   Text text = u"abc";
   const TextStorage copy{TextView(text)};
