@@ -42,6 +42,10 @@ enum class VCardKind : int {
 };
 
 /// A card: properties by name. The order of names is not kept, the order within a name is.
+///
+/// A card that was read keeps its lines until it is asked for the first time, by whichever thread,
+/// and only then reads what they say. It shares the text with the other cards read from it, and the
+/// text lives as long as any of them or of their parts.
 class [[gnu::visibility("default")]] VCard final : public VCardObject {
  public:
   /// A card without properties.

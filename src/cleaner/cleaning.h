@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/simple_lines.h"
 #include "cardwright/cleaning_repair.h"
 #include "cardwright/text.h"
-#include "reader/simple_lines.h"
 
 #include <cstddef>
 #include <cstdint>

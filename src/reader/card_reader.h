@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/simple_lines.h"
 #include "cardwright/vcard.h"
 #include "reader/line_store.h"
 #include "reader/read_recorder.h"
-#include "reader/simple_lines.h"
 
 #include <cstddef>
 #include <memory>
