@@ -4,6 +4,8 @@ toolPackages=(g++:g++ cmake:cmake ninja-build:ninja
   libicu-dev libcli11-dev rapidjson-dev libgtest-dev libbenchmark-dev)
 checkPackages=(clang:clang++ libclang-rt-dev llvm:llvm-symbolizer
   clang-format:clang-format clang-tidy:clang-tidy)
+peerPackages=(pkg-config:pkg-config libebook-contacts1.2-dev libkf5contacts-dev libvc-dev
+  python3-vobject libez-vcard-java libvinnie-java default-jdk-headless:javac)
 
 # Prints those that are not there. Where there is no dpkg, libraries are left for CMake to find.
 missingPackages() {
