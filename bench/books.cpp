@@ -3,6 +3,7 @@
 #include "support/address_book.h"
 
 #include <map>
+#include <string_view>
 #include <utility>
 
 namespace cardwright {
@@ -59,6 +60,23 @@ const std::string& bookOf(Book book, std::size_t bytes) {
     while (text.size() < bytes) {
       writer.appendCard(text);
     }
+  }
+  return text;
+}
+
+std::string damaged(const std::string& bytes) {
+  constexpr std::string_view kEnd = "END:VCARD\r\n";
+  std::string text;
+  std::size_t begin = 0;
+  for (std::size_t card = 0; begin < bytes.size(); ++card) {
+    const std::size_t end = bytes.find(kEnd, begin);
+    text.append(bytes, begin, end - begin);
+    if (card % 3 == 0) {
+      text.append("TEL:+49 30 1234567EMAIL:someone@example.com\r\n")
+          .append("NOTE:Met in Berlin&#13;&#10;likes tea\r\n");
+    }
+    text.append(kEnd);
+    begin = end + kEnd.size();
   }
   return text;
 }

@@ -4,15 +4,20 @@
 
 #include <algorithm>
 #include <ctime>
+#include <fcntl.h>
 #include <fstream>
+#include <limits>
 #include <malloc.h>
 #include <string>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace cardwright {
 
 namespace {
+
+constexpr int kRounds = 4;
 
 double processorSeconds() {
   timespec time{};
@@ -43,8 +48,11 @@ double secondsOf(Work& work) {
   return processorSeconds() - begin;
 }
 
+double secondsOf(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
 Cost costOf(Work& work) {
-  constexpr int kRounds = 4;
   const std::size_t before = bytesOf("VmRSS:");
   Cost cost;
   cost.inputBytes = work.prepare();
@@ -81,6 +89,34 @@ std::optional<Cost> costInChild(Work& work) {
   int status = 0;
   const bool hasEnded = child > 0 && waitpid(child, &status, 0) == child;
   return isTold && hasEnded && status == 0 ? std::optional(cost) : std::nullopt;
+}
+
+std::optional<Cost> costOfCommand(const std::vector<std::string>& words) {
+  std::vector<char*> arguments;
+  for (const std::string& word : words) {
+    arguments.push_back(const_cast<char*>(word.c_str()));
+  }
+  arguments.push_back(nullptr);
+  Cost cost;
+  cost.seconds = std::numeric_limits<double>::infinity();
+  for (int round = 0; round < kRounds; ++round) {
+    const pid_t child = fork();
+    if (child == 0) {
+      const int nowhere = open("/dev/null", O_WRONLY);
+      dup2(nowhere, STDOUT_FILENO);
+      dup2(nowhere, STDERR_FILENO);
+      execv(arguments[0], arguments.data());
+      _exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    if (child < 0 || wait4(child, &status, 0, &usage) != child || status != 0) {
+      return std::nullopt;
+    }
+    cost.seconds = std::min(cost.seconds, secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime));
+    cost.peakBytes = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+  }
+  return cost;
 }
 
 } // namespace cardwright

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace cardwright {
 
@@ -30,5 +32,10 @@ class Work {
 /// time of preparing does not count; what memory is left of it does.
 /// @returns absent when the process broke, for lack of memory say
 [[nodiscard]] std::optional<Cost> costInChild(Work& work);
+
+/// Runs a program, whose words go nowhere. The time is the shortest of a few runs, and the memory
+/// all that it has.
+/// @returns absent when it failed
+[[nodiscard]] std::optional<Cost> costOfCommand(const std::vector<std::string>& words);
 
 } // namespace cardwright

@@ -1,38 +1,10 @@
 #include "cardwright/cardwright.h"
+#include "content.h"
 #include "peer.h"
 
 namespace {
 
 using namespace cardwright;
-
-std::size_t lengthOf(const VCardProperty& property) {
-  std::size_t length = property.name().size() + property.group().value_or(TextView()).size();
-  if (const auto parameters = property.parameterDict()) {
-    for (const auto& [name, parameter] : *parameters) {
-      length += name.size();
-      for (const Text& value : parameter->values()) {
-        length += value.size();
-      }
-    }
-  }
-  if (property.value()) {
-    length += property.textValue().value_or(TextView()).size();
-  }
-  return length;
-}
-
-peers::Recovered contentOf(const VCardList& cards) {
-  peers::Recovered recovered{cards.size()};
-  for (const auto& card : cards) {
-    for (const auto& [name, properties] : card->propertyDict()) {
-      recovered.items += properties->size();
-      for (const auto& property : *properties) {
-        recovered.characters += lengthOf(*property);
-      }
-    }
-  }
-  return recovered;
-}
 
 /// With cleaning, as readCards does it by itself, or without.
 class Cardwright : public peers::Peer {
@@ -44,7 +16,9 @@ class Cardwright : public peers::Peer {
   }
 
   peers::Recovered read(const std::string& bytes) override {
-    return contentOf(readCards(bytes, nullptr, m_options));
+    const VCardList cards = readCards(bytes, nullptr, m_options);
+    const Content content = contentOf(cards);
+    return {cards.size(), content.properties, content.characters};
   }
 
   void prepareWriting(const std::string& bytes) override {
