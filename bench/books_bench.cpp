@@ -1,9 +1,7 @@
 #include "books.h"
-#include "cardwright/date_formatter.h"
 #include "cardwright/face.h"
-#include "cardwright/utf8.h"
-#include "cardwright/vcard.h"
 #include "content.h"
+#include "support/written_bytes.h"
 
 #include <benchmark/benchmark.h>
 #include <unicode/ustring.h>
@@ -62,15 +60,8 @@ void cleanDamaged(benchmark::State& state, const std::string& bytes) {
 void write(benchmark::State& state, const std::string& bytes) {
   const auto cards = readCards(bytes);
   static_cast<void>(contentOf(cards)); // so that the first round reads no more than the others
-  DateFormatter formatter;
   for (auto _ : state) {
-    std::string output;
-    for (const auto& card : cards) {
-      Text text;
-      card->generate(text, card->version(), &formatter);
-      output.append(utf8FromText(text));
-    }
-    benchmark::DoNotOptimize(output);
+    benchmark::DoNotOptimize(writtenBytes(cards));
   }
 }
 
