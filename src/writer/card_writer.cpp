@@ -1,3 +1,4 @@
+#include "base/ascii.h"
 #include "base/case.h"
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_utilities.h"
@@ -52,8 +53,11 @@ class GroupIndex {
 
 /// Written only behind the properties that they describe.
 bool isCompanion(const VCardProperty& property) {
-  return equalIgnoringCase(property.name(), cVCardProperty_X_ABLabel) ||
-         equalIgnoringCase(property.name(), cVCardProperty_X_ABADR);
+  // No other letter folds to the first one of these names.
+  const TextView name = property.name();
+  return !name.empty() && asciiUpper(name.front()) == u'X' &&
+         (equalIgnoringCase(name, cVCardProperty_X_ABLabel) ||
+          equalIgnoringCase(name, cVCardProperty_X_ABADR));
 }
 
 bool isEmptyPhoto(const VCardProperty& property) {

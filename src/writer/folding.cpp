@@ -18,6 +18,15 @@ bool areSingleByteCharacters(TextView text, std::size_t units) noexcept {
                      [](char16_t unit) { return isAscii(unit) && unit != u'\r'; });
 }
 
+/// Looks at all units, whatever the first ones are: the compiler makes vector instructions of it.
+bool isAsciiText(TextView text) noexcept {
+  unsigned all = 0;
+  for (const char16_t unit : text) {
+    all |= unit;
+  }
+  return all < 0x80;
+}
+
 std::size_t utf8Length(TextView text) noexcept {
   std::size_t bytes = 0;
   for (std::size_t at = 0; at < text.size();) {
@@ -103,8 +112,9 @@ void appendFolded(Text& output, TextView line) {
 
 void foldTail(Text& text, std::size_t begin) {
   const TextView line = TextView(text).substr(begin);
-  const bool fits = line.size() <= kLineBytes &&
-                    (line.size() <= kLineBytes / 3 || utf8Length(line) <= kLineBytes);
+  const bool fits =
+      line.size() <= kLineBytes &&
+      (line.size() <= kLineBytes / 3 || isAsciiText(line) || utf8Length(line) <= kLineBytes);
   if (fits) {
     text.append(kCrLf);
     return;

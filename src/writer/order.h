@@ -39,6 +39,8 @@ struct RankedEntry {
   }
 };
 
+inline constexpr std::size_t kFewEntries = 32;
+
 /// The entries of a dictionary as they are written: by rank, then by the code units of their keys.
 template <typename Value>
 [[nodiscard]] std::vector<RankedEntry<Value>> inWrittenOrder(const detail::KeyedList<Value>& list,
@@ -49,9 +51,17 @@ template <typename Value>
     const TextView key = entry.key.view();
     ranked.push_back({rankOf(key), keyHead(key), key, &entry.value});
   }
-  // By merging: names with ascending numbers, as devices and hostile files have them, make a
-  // quicksort compare several times as often.
-  std::stable_sort(ranked.begin(), ranked.end());
+  if (ranked.size() > kFewEntries) {
+    // By merging: names with ascending numbers, as devices and hostile files have them, make a
+    // quicksort compare several times as often.
+    std::stable_sort(ranked.begin(), ranked.end());
+    return ranked;
+  }
+  for (std::size_t i = 1; i < ranked.size(); ++i) {
+    // Merging would allocate, which costs more than putting a few into their places.
+    const auto place = ranked.begin() + static_cast<std::ptrdiff_t>(i);
+    std::rotate(std::upper_bound(ranked.begin(), place, *place), place, place + 1);
+  }
   return ranked;
 }
 
