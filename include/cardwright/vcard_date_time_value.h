@@ -28,6 +28,7 @@ class [[gnu::visibility("default")]] VCardDateTimeValue final : public VCardValu
   }
   void setComps(const DateComponents& comps) noexcept {
     m_comps = comps;
+    m_source = {};
   }
 
   /// Reads basic, extended, partial and zoned forms into new components; what cannot be read stays
@@ -54,8 +55,10 @@ class [[gnu::visibility("default")]] VCardDateTimeValue final : public VCardValu
 
  private:
   friend void setTypeOf(VCardDateTimeValue & value, std::optional<TextView> type);
+  friend struct SourceText;
 
   detail::TextStorage m_type;
+  detail::TextStorage m_source; ///< only of a text that would be written otherwise
   DateComponents m_comps;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cardwright/detail/text_storage.h"
 #include "cardwright/vcard_value.h"
 
 namespace cardwright {
@@ -18,12 +19,14 @@ class [[gnu::visibility("default")]] VCardGeoValue final : public VCardValue {
   }
   void setLatitude(double degrees) noexcept {
     m_latitude = degrees;
+    m_source = {};
   }
   [[nodiscard]] double longitude() const noexcept {
     return m_longitude;
   }
   void setLongitude(double degrees) noexcept {
     m_longitude = degrees;
+    m_source = {};
   }
 
   /// Reads the leading numbers before and after the first ";" or ","; false, with nothing
@@ -33,6 +36,9 @@ class [[gnu::visibility("default")]] VCardGeoValue final : public VCardValue {
   void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
 
  private:
+  friend struct SourceText;
+
+  detail::TextStorage m_source; ///< only of a text that would be written otherwise
   double m_latitude = 0;
   double m_longitude = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cardwright/detail/text_storage.h"
 #include "cardwright/vcard_value.h"
 
 #include <cstdint>
@@ -20,6 +21,7 @@ class [[gnu::visibility("default")]] VCardUTCOffsetValue final : public VCardVal
   }
   void setOffset(std::int64_t seconds) noexcept {
     m_offset = seconds;
+    m_source = {};
   }
 
   /// Reads hours and minutes, with or without ":". Always true.
@@ -28,6 +30,9 @@ class [[gnu::visibility("default")]] VCardUTCOffsetValue final : public VCardVal
   void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
 
  private:
+  friend struct SourceText;
+
+  detail::TextStorage m_source; ///< only of a text that would be written otherwise
   std::int64_t m_offset = 0;
 };
 

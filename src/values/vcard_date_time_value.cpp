@@ -6,6 +6,7 @@
 #include "base/saturating.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/vocabulary.h"
+#include "values/source_text.h"
 #include "values/value_maker.h"
 
 #include <array>
@@ -128,6 +129,12 @@ bool readDateTime(TextView text, DateComponents& comps) {
   return true;
 }
 
+/// Whether a text of a form is written again as it was meant.
+bool isOrdinary(TextView text, Form form) noexcept {
+  return (form == Form::kDate && isOrdinaryDate(text)) ||
+         (form == Form::kDateTime && isOrdinaryDateTime(text));
+}
+
 /// The patterns of a version: for each combination of three fields, the largest being the highest
 /// bit. Empty where the fields have no common form.
 using FieldPatterns = std::array<TextView, 8>;
@@ -208,6 +215,7 @@ bool VCardDateTimeValue::parse(TextView text, VersionCode /*version*/, DateForma
   if (formatter == nullptr) {
     fatalError("Formatter is nil");
   }
+  const TextView source = text;
   Form form = formOfType(type());
   if (form == Form::kDateAndOrTime) {
     if (text.starts_with(u'T')) {
@@ -218,6 +226,7 @@ bool VCardDateTimeValue::parse(TextView text, VersionCode /*version*/, DateForma
     }
   }
   m_comps = DateComponents();
+  m_source.assign(isOrdinary(text, form) ? std::nullopt : std::optional(source));
   switch (form) {
   case Form::kTime:
     readTime(text, m_comps);
@@ -248,10 +257,12 @@ void VCardDateTimeValue::generate(Text& output, VersionCode version,
 }
 
 void VCardDateTimeValue::parseDate(TextView text) {
+  m_source = {};
   readDate(text, m_comps);
 }
 
 void VCardDateTimeValue::parseTime(TextView text) {
+  m_source = {};
   readTime(text, m_comps);
 }
 

@@ -4,6 +4,7 @@
 #include "base/decimal.h"
 #include "base/saturating.h"
 #include "cardwright/vocabulary.h"
+#include "values/source_text.h"
 
 #include <algorithm>
 
@@ -37,6 +38,7 @@ std::optional<TextView> VCardUTCOffsetValue::type() const noexcept {
 
 bool VCardUTCOffsetValue::parse(TextView text, VersionCode /*version*/,
                                 DateFormatter* /*formatter*/) {
+  m_source.assign(isOrdinaryOffset(text) ? std::nullopt : std::optional(text));
   const auto firstDigit = std::find_if(text.begin(), text.end(), isAsciiDigit);
   const auto signLength = static_cast<std::size_t>(firstDigit - text.begin());
   const TextView sign = text.substr(0, signLength);
