@@ -1,11 +1,11 @@
 #include "commands.h"
 #include "io/card_source.h"
+#include "io/input.h"
 #include "io/progress.h"
 #include "io/replacement.h"
 #include "reading_options.h"
 
-#include <cardwright/date_formatter.h>
-#include <cardwright/utf8.h>
+#include <cardwright/face.h>
 
 #include <CLI/CLI.hpp>
 
@@ -17,7 +17,7 @@ namespace cardwright::tool {
 
 namespace {
 
-struct WriteOptions {
+struct WriteCommandOptions {
   ReadingOptions reading;
   VersionCode version = 0;
   std::string outputFile;
@@ -29,22 +29,25 @@ constexpr const char* kExamples =
     "  cardwright write --to 4.0 -o contacts.vcf contacts.vcf\n"
     "\n"
     "Each card is read and written again in the syntax of the version: that is all. No VERSION\n"
-    "is changed, and nothing is added.";
+    "is changed. What had to be changed so that the same card can be read again is told.";
 
-/// Writes the cards of all files; false when the output was closed.
-void writeCards(const WriteOptions& options, Output& output, Diagnostics& diagnostics) {
+/// A change in one line: "g.TEL: name cleaned".
+std::string writeNote(const WriteChange& change) {
+  return change.property + ": " + std::string(writeChangeText(change.kind));
+}
+
+/// Writes the cards of all files until the output is closed.
+void writeFiles(const WriteCommandOptions& options, Output& output, Diagnostics& diagnostics) {
   Progress progress("writing");
-  DateFormatter formatter("en_US_POSIX");
-  Text text;
-  std::string bytes;
   forEachCardFile(options.reading, diagnostics, [&](const CardFile& file) {
     std::size_t done = 0;
     for (const auto& card : file.cards) {
-      text.clear();
-      bytes.clear();
-      card->generate(text, options.version, &formatter);
-      appendUtf8(bytes, text);
-      output.write(bytes);
+      WriteReport report;
+      output.write(writeCards({card}, &report, {options.version}));
+      for (const WriteChange& change : report.changes) {
+        diagnostics.note(displayName(file.path),
+                         "card " + std::to_string(done + 1) + ", " + writeNote(change));
+      }
       if (!output.isOpen()) {
         return false;
       }
@@ -54,9 +57,9 @@ void writeCards(const WriteOptions& options, Output& output, Diagnostics& diagno
   });
 }
 
-void write(const WriteOptions& options, const Session& session) {
+void write(const WriteCommandOptions& options, const Session& session) {
   if (options.outputFile.empty() || options.outputFile == "-") {
-    writeCards(options, session.output, session.diagnostics);
+    writeFiles(options, session.output, session.diagnostics);
     return;
   }
   Replacement replacement(options.outputFile, session.diagnostics);
@@ -64,7 +67,7 @@ void write(const WriteOptions& options, const Session& session) {
     return;
   }
   Output output(replacement.descriptor());
-  writeCards(options, output, session.diagnostics);
+  writeFiles(options, output, session.diagnostics);
   output.flush();
   if (!output.isOpen()) {
     session.diagnostics.error(options.outputFile, systemMessage(output.error()));
@@ -78,7 +81,7 @@ void write(const WriteOptions& options, const Session& session) {
 } // namespace
 
 void addWriteCommand(CLI::App& app, const Session& session) {
-  const auto options = std::make_shared<WriteOptions>();
+  const auto options = std::make_shared<WriteCommandOptions>();
   CLI::App* const command =
       app.add_subcommand("write", "Read cards and write them in the syntax of a version");
   command->group(kCommandGroup);

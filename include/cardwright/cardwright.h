@@ -37,3 +37,4 @@
 #include "cardwright/vcard_value.h"
 #include "cardwright/vcard_x_value.h"
 #include "cardwright/vocabulary.h"
+#include "cardwright/write_report.h"

@@ -4,6 +4,7 @@
 #include "cardwright/decode.h"
 #include "cardwright/read_report.h"
 #include "cardwright/vcard.h"
+#include "cardwright/write_report.h"
 
 #include <optional>
 #include <string>
@@ -55,5 +56,13 @@ struct CleanReport {
 [[nodiscard]] [[gnu::visibility("default")]] std::optional<std::string>
 cleanText(std::string_view bytes, CleanReport* report = nullptr,
           std::optional<std::string_view> encoding = std::nullopt);
+
+/// Writes cards so that the same cards are read again: nothing that a value, a parameter, a name or
+/// a group holds becomes structure, and nothing sound is lost. The cards themselves are not
+/// changed.
+/// @param report receives what was changed or left out; nothing of the result depends on it
+/// @returns UTF-8, each card from BEGIN:VCARD to END:VCARD; empty without cards
+[[nodiscard]] [[gnu::visibility("default")]] std::string
+writeCards(const VCardList& cards, WriteReport* report = nullptr, const WriteOptions& options = {});
 
 } // namespace cardwright

@@ -1,0 +1,69 @@
+#include "cardwright/face.h"
+#include "support/address_book.h"
+#include "support/corpus.h"
+#include "support/round_trip.h"
+#include "support/safe_trip.h"
+#include "support/seed.h"
+#include "support/strange_cards.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <string>
+
+namespace cardwright {
+namespace {
+
+constexpr VersionCode kOwnAndAll[] = {0, 2, 3, 4};
+
+TEST(SafeTrip, keepsCardsOfTheCorpus) {
+  const auto files = corpusFiles();
+  if (!files) {
+    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
+    return;
+  }
+  std::size_t cards = 0;
+  for (const auto& file : *files) {
+    SCOPED_TRACE(file.string());
+    for (const auto& card : readCards(bytesOf(file))) {
+      removeUnpromised(*card);
+      ++cards;
+      for (const VersionCode version : kOwnAndAll) {
+        EXPECT_EQ(safeTripSurprises(*card, version), "") << "version " << version;
+      }
+    }
+  }
+  std::cout << cards << " cards\n";
+  EXPECT_GT(cards, 0U);
+}
+
+TEST(SafeTrip, keepsAllOfAnAddressBook) {
+  AddressBookOptions options;
+  options.cards = 2'000;
+  options.seed = testSeed();
+  for (const auto& card : VCard::vCardsFromString(std::string_view(addressBook(options)))) {
+    for (const VersionCode version : kOwnAndAll) {
+      ASSERT_EQ(safeTripSurprises(*card, version), "") << "seed " << options.seed;
+    }
+  }
+}
+
+TEST(SafeTrip, keepsStrangeCards) {
+  const std::uint64_t seed = testSeed();
+  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 10'000);
+  StrangeCards cards(seed);
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const Text text = cards.card();
+    for (const auto& card : readUncleaned(text)) {
+      removeUnpromised(*card);
+      for (const VersionCode version : kOwnAndAll) {
+        ASSERT_EQ(safeTripSurprises(*card, version), "")
+            << "card " << i << ", seed " << seed << ", version " << version << ": "
+            << ::testing::PrintToString(text);
+      }
+    }
+  }
+}
+
+} // namespace
+} // namespace cardwright
