@@ -6,6 +6,7 @@
 #include "cardwright/cleaner_pattern.h"
 #include "cardwright/cleaning_repair.h"
 #include "cardwright/contacts_parser.h"
+#include "cardwright/conversion_report.h"
 #include "cardwright/date_components.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/decode.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/cleaning_repair.h"
+#include "cardwright/conversion_report.h"
 #include "cardwright/decode.h"
 #include "cardwright/read_report.h"
 #include "cardwright/vcard.h"
@@ -64,5 +65,13 @@ cleanText(std::string_view bytes, CleanReport* report = nullptr,
 /// @returns UTF-8, each card from BEGIN:VCARD to END:VCARD; empty without cards
 [[nodiscard]] [[gnu::visibility("default")]] std::string
 writeCards(const VCardList& cards, WriteReport* report = nullptr, const WriteOptions& options = {});
+
+/// Converts cards to a version, whatever versions they are of: docs/conversion.md tells what
+/// becomes of each property, parameter and type. The cards themselves are not changed, but the new
+/// ones share the values that need no other form with them.
+/// @param version 2, 3 or 4; the nearest of them for any other code
+/// @param report receives what was converted, parked and dropped
+[[nodiscard]] [[gnu::visibility("default")]] VCardList
+convertCards(const VCardList& cards, VersionCode version, ConversionReport* report = nullptr);
 
 } // namespace cardwright

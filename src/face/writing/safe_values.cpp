@@ -1,5 +1,6 @@
 #include "face/writing/safe_values.h"
 
+#include "base/case.h"
 #include "base/whitespace.h"
 #include "cardwright/vcard_address_value.h"
 #include "cardwright/vcard_custom_value.h"
@@ -10,6 +11,7 @@
 #include "cardwright/vcard_org_value.h"
 #include "cardwright/vcard_text_value.h"
 #include "cardwright/vcard_uri_value.h"
+#include "cardwright/vocabulary.h"
 #include "face/writing/kept_source.h"
 #include "face/writing/safe_texts.h"
 
@@ -36,6 +38,12 @@ Text withoutSeparators(const Text& text) {
   return kept;
 }
 
+/// Version 2.1 has another name for URIs.
+bool isUri(const VCardTextValue& text) {
+  return dynamic_cast<const VCardURIValue*>(&text) != nullptr ||
+         equalIgnoringCase(text.type().value_or(TextView()), cVCardValue_URL);
+}
+
 class Writing {
  public:
   Writing(SafeValue& result, VersionCode version, Parting parting,
@@ -50,9 +58,10 @@ class Writing {
   /// Writes all but lists, which hold no lists.
   /// @returns whether the text has escapes: dates, offsets and positions have none
   bool writeSingle(const VCardValue& value) {
-    if (const auto* uri = dynamic_cast<const VCardURIValue*>(&value)) {
-      writeUri(uri->text().value_or(TextView()));
-    } else if (const auto* text = dynamic_cast<const VCardTextValue*>(&value)) {
+    const auto* text = dynamic_cast<const VCardTextValue*>(&value);
+    if (text != nullptr && isUri(*text)) {
+      writeUri(text->text().value_or(TextView()));
+    } else if (text != nullptr) {
       const std::size_t begin = m_output.size();
       writeText(text->text().value_or(TextView()), m_escapesSemicolons);
       if (m_parting.trimsParts && !m_isInList) {

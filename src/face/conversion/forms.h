@@ -1,0 +1,22 @@
+#pragma once
+
+#include "face/conversion/step.h"
+
+namespace cardwright {
+
+// Each gives a property the form of the step's target version, under the name that it has there.
+// All return whether the form can carry what the property holds; it is left alone if not.
+
+bool convertPosition(Draft& draft, const ConversionStep& step);
+bool convertZone(Draft& draft, const ConversionStep& step);
+bool convertTelephone(Draft& draft, const ConversionStep& step);
+bool convertDate(Draft& draft, const Rule& rule, const ConversionStep& step);
+bool convertGender(Draft& draft, const ConversionStep& step);
+bool convertRelation(Draft& draft, const ConversionStep& step);
+bool convertAgent(Draft& draft, const ConversionStep& step);
+bool convertMessenger(Draft& draft, const ConversionStep& step);
+
+/// Gives a property another name and tells.
+void rename(Draft& draft, TextView name, ConversionKind kind, const ConversionStep& step);
+
+} // namespace cardwright
