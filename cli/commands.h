@@ -23,6 +23,7 @@ inline constexpr const char* kCommandGroup = "Commands";
 void addShowCommand(CLI::App& app, const Session& session);
 void addJsonCommand(CLI::App& app, const Session& session);
 void addWriteCommand(CLI::App& app, const Session& session);
+void addConvertCommand(CLI::App& app, const Session& session);
 void addCleanCommand(CLI::App& app, const Session& session);
 
 } // namespace cardwright::tool

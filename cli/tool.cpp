@@ -20,6 +20,8 @@ constexpr const char* kExamples =
     "  cardwright json contacts.vcf           the same cards, for programs\n"
     "  cardwright write --to 3.0 contacts.vcf\n"
     "                                         the same cards, written anew\n"
+    "  cardwright convert --to 4.0 contacts.vcf\n"
+    "                                         the same people, on cards of a version\n"
     "  cardwright clean contacts.vcf          the same text, repaired\n"
     "  unzip -p backup.zip a.vcf | cardwright show\n"
     "                                         without a file, standard input is read\n"
@@ -84,6 +86,7 @@ ExitStatus run(int argc, char** argv) {
     addShowCommand(app, session);
     addJsonCommand(app, session);
     addWriteCommand(app, session);
+    addConvertCommand(app, session);
     addCleanCommand(app, session);
     parse(app, argc, argv, session);
   } catch (const std::bad_alloc&) {

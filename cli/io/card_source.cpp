@@ -2,6 +2,7 @@
 
 #include "io/input.h"
 #include "io/repair_notes.h"
+#include "report/sums.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -53,7 +54,8 @@ void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
       continue;
     }
     ReadReport report;
-    CardFile file{path, readCards(*bytes, &report, options.read), {}};
+    CardFile file{path, readCards(*bytes, &report, options.read), {}, {}, 0};
+    file.repairedCards = repairedCards(*bytes, report);
     bytes.reset(); // the cards hold what they need
     file.repairs = repairNotes(report.decoding, report.summaries);
     for (const std::string& repair : file.repairs) {
@@ -64,6 +66,7 @@ void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
     } else {
       noteDroppedLines(file, report, diagnostics);
     }
+    file.report = std::move(report);
     if (!use(file)) {
       return;
     }

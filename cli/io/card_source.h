@@ -14,6 +14,8 @@ struct CardFile {
   std::string path; ///< kStandardInput for standard input
   VCardList cards;
   std::vector<std::string> repairs; ///< one line for each, in UTF-8
+  ReadReport report;
+  std::size_t repairedCards = 0;
 };
 
 /// Reads files one after the other, standard input where there is none, and hands on the cards of

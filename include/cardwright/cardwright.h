@@ -5,6 +5,7 @@
 #include "cardwright/character_set.h"
 #include "cardwright/cleaner_pattern.h"
 #include "cardwright/cleaning_repair.h"
+#include "cardwright/codes.h"
 #include "cardwright/contacts_parser.h"
 #include "cardwright/conversion_report.h"
 #include "cardwright/date_components.h"

@@ -1,0 +1,171 @@
+#include "card_writing.h"
+
+#include "io/card_source.h"
+#include "io/input.h"
+#include "io/progress.h"
+#include "io/replacement.h"
+#include "report/report_json.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+namespace cardwright::tool {
+
+namespace {
+
+/// Writes the cards of one file after the other, each by itself, so that none waits for all.
+class CardWriting {
+ public:
+  CardWriting(const WritingOptions& options, Output& output, Diagnostics& diagnostics)
+      : m_options(options), m_output(output), m_diagnostics(diagnostics), m_progress("writing") {}
+
+  /// @returns whether to go on
+  bool write(const CardFile& file) {
+    m_sums.addReading(file.report, heldProperties(file.cards));
+    m_sums.cardsRepaired += file.repairedCards;
+    if (wantsReport()) {
+      m_json.addReading(file.path, file.report);
+    }
+    std::size_t number = 0;
+    for (const auto& card : file.cards) {
+      writeCard(card, ++number, file.path);
+      if (!m_output.isOpen()) {
+        return false;
+      }
+      m_progress.show(number, file.cards.size());
+    }
+    return true;
+  }
+
+  [[nodiscard]] const Sums& sums() const noexcept { return m_sums; }
+  [[nodiscard]] std::string report() { return m_json.finish(m_sums); }
+
+ private:
+  static std::size_t heldProperties(const VCardList& cards) {
+    std::size_t held = 0;
+    for (const auto& card : cards) {
+      for (const auto& entry : card->propertyDict()) {
+        held += entry.second->size();
+      }
+    }
+    return held;
+  }
+
+  void writeCard(const std::shared_ptr<VCard>& card, std::size_t number, const std::string& path) {
+    VCardList cards{card};
+    if (m_options.converts) {
+      ConversionReport conversion;
+      cards = convertCards(cards, m_options.version, &conversion);
+      m_sums.addConversion(conversion);
+      if (wantsReport()) {
+        m_json.addConversion(path, number, conversion);
+      }
+      noteLosses(path, number, conversion);
+    }
+    WriteReport writing;
+    m_output.write(writeCards(cards, &writing, {m_options.version}));
+    m_sums.addWriting(writing);
+    if (wantsReport()) {
+      m_json.addWriting(path, number, writing);
+    }
+    for (const WriteChange& change : writing.changes) {
+      note(path, number, change.property, writeChangeText(change.kind));
+    }
+  }
+
+  /// What else a conversion did comes back, and is told in the report.
+  void noteLosses(const std::string& path, std::size_t number, const ConversionReport& report) {
+    for (const ConversionChange& change : report.changes) {
+      if (change.kind == ConversionKind::broken ||
+          (change.kind == ConversionKind::dropped && change.part.empty())) {
+        note(path, number, change.property, conversionKindText(change.kind));
+      }
+    }
+  }
+
+  void note(const std::string& path, std::size_t number, const std::string& property,
+            std::string_view text) {
+    m_diagnostics.note(displayName(path), "card " + std::to_string(number) + ", " + property +
+                                              ": " + std::string(text));
+  }
+
+  [[nodiscard]] bool wantsReport() const noexcept { return !m_options.reportFile.empty(); }
+
+  const WritingOptions& m_options;
+  Output& m_output;
+  Diagnostics& m_diagnostics;
+  Progress m_progress;
+  Sums m_sums;
+  ReportJson m_json;
+};
+
+void writeTo(const WritingOptions& options, Output& output, Diagnostics& diagnostics) {
+  Sums sums;
+  std::string report;
+  {
+    CardWriting writing(options, output, diagnostics);
+    forEachCardFile(options.reading, diagnostics,
+                    [&](const CardFile& file) { return writing.write(file); });
+    sums = writing.sums();
+    report = writing.report();
+  }
+  if (!options.reportFile.empty()) {
+    replaceFile(options.reportFile, report, diagnostics);
+  }
+  if (!options.isQuiet) {
+    output.flush();
+    diagnostics.note(sums.line());
+  }
+}
+
+VersionCode versionNamed(const std::string& name) {
+  static const std::map<std::string, VersionCode> kVersions = {{"2.1", 2}, {"3.0", 3}, {"4.0", 4}};
+  const auto version = kVersions.find(name);
+  if (version == kVersions.end()) {
+    throw CLI::ValidationError("--to", "'" + name + "' is not 2.1, 3.0 or 4.0");
+  }
+  return version->second;
+}
+
+} // namespace
+
+void addWritingOptions(CLI::App& command, WritingOptions& options, const char* versionHelp) {
+  addReadingOptions(command, options.reading);
+  command
+      .add_option_function<std::string>(
+          "--to", [&](const std::string& name) { options.version = versionNamed(name); },
+          versionHelp)
+      ->type_name("VERSION")
+      ->required();
+  command.add_option("-o,--output", options.outputFile, "File to write; it is replaced at once")
+      ->type_name("FILE");
+  command
+      .add_option("--report", options.reportFile,
+                  "File for all that was repaired, converted and dropped, as JSON")
+      ->type_name("FILE");
+  command.add_flag("-q,--quiet", options.isQuiet, "Do not tell the sums at the end");
+}
+
+void writeAllCards(const WritingOptions& options, const Session& session) {
+  if (options.outputFile.empty() || options.outputFile == "-") {
+    writeTo(options, session.output, session.diagnostics);
+    return;
+  }
+  Replacement replacement(options.outputFile, session.diagnostics);
+  if (!replacement.isOpen()) {
+    return;
+  }
+  Output output(replacement.descriptor());
+  writeTo(options, output, session.diagnostics);
+  output.flush();
+  if (!output.isOpen()) {
+    session.diagnostics.error(options.outputFile, systemMessage(output.error()));
+  } else if (session.diagnostics.status() != ExitStatus::done) {
+    session.diagnostics.note(options.outputFile, "left as it was, since not everything was read");
+  } else {
+    replacement.commit();
+  }
+}
+
+} // namespace cardwright::tool

@@ -1,0 +1,32 @@
+#include "card_writing.h"
+#include "commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace cardwright::tool {
+
+namespace {
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  cardwright convert --to 4.0 contacts.vcf > contacts-4.vcf\n"
+    "  cardwright convert --to 3.0 -o phone.vcf --report lost.json *.vcf\n"
+    "\n"
+    "What the version does not have is kept under a name that begins with X-, and comes back when\n"
+    "the cards are converted back. docs/conversion.md tells what becomes of each property.";
+
+} // namespace
+
+void addConvertCommand(CLI::App& app, const Session& session) {
+  const auto options = std::make_shared<WritingOptions>();
+  options->converts = true;
+  CLI::App* const command = app.add_subcommand("convert", "Turn cards into cards of a version");
+  command->group(kCommandGroup);
+  addWritingOptions(*command, *options, "Version of the cards to write: 2.1, 3.0 or 4.0");
+  command->footer(kExamples);
+  command->callback([options, session] { writeAllCards(*options, session); });
+}
+
+} // namespace cardwright::tool

@@ -1,0 +1,123 @@
+#include "cli/process.h"
+#include "support/corpus.h"
+
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+namespace cardwright::tool {
+namespace {
+
+constexpr std::string_view kCard =
+    "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ada\r\nN:Ada;;;;\r\n"
+    "TEL;TYPE=pref:1EMAIL:b\r\nno colon\r\nCLASS:PUBLIC\r\nEND:VCARD\r\n";
+
+TEST(ConvertCommand, writesCardsOfTheVersionAndTellsTheSums) {
+  const Outcome outcome = runTool({{"convert", "--to", "4.0"}, std::string(kCard)});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:Ada\r\nN:Ada;;;;\r\nEMAIL:b\r\n"
+                            "TEL;PREF=1:1\r\nX-CLASS:PUBLIC\r\nEND:VCARD\r\n");
+  EXPECT_TRUE(outcome.errors.ends_with(
+      "cardwright: 1 card in, 1 out, 1 repaired; 7 properties in, 6 out, 1 dropped\n"))
+      << outcome.errors;
+}
+
+TEST(ConvertCommand, tellsWhatWasAddedAndMerged) {
+  const std::string text = "BEGIN:VCARD\r\nNICKNAME:Ada\r\nADR:;;a;;;;\r\nLABEL:b\r\nEND:VCARD\r\n";
+  EXPECT_EQ(runTool({{"convert", "--to", "4.0"}, text}).errors,
+            "cardwright: 1 card in, 1 out, 0 repaired; 3 properties in, 4 out, 0 dropped, 2 added, "
+            "1 merged\n");
+}
+
+TEST(ConvertCommand, keepsTheSumsToItselfWhenAsked) {
+  const std::string text = "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:a\r\nEND:VCARD\r\n";
+  EXPECT_EQ(runTool({{"convert", "--to", "4.0", "--quiet"}, text}).errors, "");
+  EXPECT_EQ(runTool({{"write", "--to", "4.0", "-q"}, text}).errors, "");
+  EXPECT_EQ(runTool({{"write", "--to", "4.0"}, text}).errors,
+            "cardwright: 1 card in, 1 out, 0 repaired; 2 properties in, 2 out, 0 dropped\n");
+}
+
+TEST(ConvertCommand, wantsAVersionItKnows) {
+  EXPECT_EQ(runTool({{"convert"}, std::string(kCard)}).status, 2);
+  EXPECT_EQ(runTool({{"convert", "--to", "3"}, std::string(kCard)}).status, 2);
+}
+
+TEST(ConvertCommand, reportsEachRepairConversionAndLoss) {
+  const TemporaryFolder folder;
+  const std::string report = folder.path() + "/report.json";
+  const std::string text =
+      "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:\xFF"
+      "a\r\nN:a;;;;\r\n"
+      "TEL:1EMAIL:b\r\nno colon\r\nCLASS:PUBLIC\r\nX-A;X-B=\"  \":c\r\nEND:VCARD\r\n";
+  EXPECT_EQ(
+      runTool({{"convert", "--to", "4.0", "--encoding", "utf-8", "--report", report}, text}).status,
+      0);
+  rapidjson::Document document;
+  document.Parse(fileContent(report).c_str());
+  ASSERT_FALSE(document.HasParseError());
+  std::vector<std::string> steps;
+  for (const auto& change : document["changes"].GetArray()) {
+    EXPECT_STREQ(change["file"].GetString(), "-");
+    steps.push_back(std::string(change["step"].GetString()) + " " + change["code"].GetString());
+  }
+  EXPECT_EQ(steps, (std::vector<std::string>{"decode dropped-bytes", "repair merged-properties",
+                                             "read no-colon", "convert parked",
+                                             "convert re-encoded", "write parameter-left-out"}));
+  EXPECT_EQ(document["changes"][2]["line"].GetInt(), 6);
+  EXPECT_STREQ(document["changes"][2]["text"].GetString(), "no colon");
+  EXPECT_EQ(document["changes"][3]["card"].GetInt(), 1);
+  EXPECT_STREQ(document["changes"][3]["target"].GetString(), "X-CLASS");
+}
+
+/// What a run reports about its sums.
+rapidjson::Document sumsOf(const std::vector<std::string>& command, const std::string& report) {
+  std::vector<std::string> arguments = command;
+  arguments.insert(arguments.end(), {"--quiet", "--report", report});
+  const Outcome outcome = runTool({arguments, ""});
+  EXPECT_EQ(outcome.status, 0);
+  rapidjson::Document document;
+  document.Parse(fileContent(report).c_str());
+  return document;
+}
+
+TEST(Sums, addUpOverTheCorpus) {
+  const auto files = corpusFiles();
+  if (!files) {
+    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
+    return;
+  }
+  const TemporaryFolder folder;
+  const std::string report = folder.path() + "/report.json";
+  const std::string written = folder.path() + "/written.vcf";
+  std::vector<std::string> paths;
+  for (const auto& file : *files) {
+    paths.push_back(file.string());
+  }
+  for (const std::vector<std::string>& verb : {std::vector<std::string>{"write", "--to", "3.0"},
+                                               {"convert", "--to", "2.1"},
+                                               {"convert", "--to", "3.0"},
+                                               {"convert", "--to", "4.0"}}) {
+    std::vector<std::string> command = verb;
+    command.insert(command.end(), {"-o", written});
+    command.insert(command.end(), paths.begin(), paths.end());
+    const rapidjson::Document document = sumsOf(command, report);
+    ASSERT_FALSE(document.HasParseError());
+    const auto& sums = document["sums"];
+    const auto number = [&sums](const char* name) { return sums[name].GetUint64(); };
+    EXPECT_GT(number("propertiesIn"), 0U);
+    EXPECT_EQ(number("cardsIn"), number("cardsOut"));
+    EXPECT_EQ(number("propertiesIn") + number("propertiesAdded"),
+              number("propertiesOut") + number("propertiesMerged") + number("propertiesDropped"));
+    // What was written is there.
+    const rapidjson::Document again =
+        sumsOf({"write", "--to", "3.0", "--no-clean", "-o", written, written}, report);
+    EXPECT_EQ(again["sums"]["cardsIn"].GetUint64(), number("cardsOut"));
+    EXPECT_EQ(again["sums"]["propertiesIn"].GetUint64(), number("propertiesOut"));
+  }
+}
+
+} // namespace
+} // namespace cardwright::tool
