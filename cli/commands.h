@@ -24,6 +24,7 @@ void addShowCommand(CLI::App& app, const Session& session);
 void addJsonCommand(CLI::App& app, const Session& session);
 void addWriteCommand(CLI::App& app, const Session& session);
 void addConvertCommand(CLI::App& app, const Session& session);
+void addCheckCommand(CLI::App& app, const Session& session);
 void addCleanCommand(CLI::App& app, const Session& session);
 
 } // namespace cardwright::tool

@@ -22,13 +22,14 @@ constexpr const char* kExamples =
     "                                         the same cards, written anew\n"
     "  cardwright convert --to 4.0 contacts.vcf\n"
     "                                         the same people, on cards of a version\n"
+    "  cardwright check contacts.vcf          what is wrong with them, line by line\n"
     "  cardwright clean contacts.vcf          the same text, repaired\n"
     "  unzip -p backup.zip a.vcf | cardwright show\n"
     "                                         without a file, standard input is read\n"
     "  cardwright show --help                 more about one command\n"
     "\n"
     "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage,\n"
-    "3 'clean --check' found something to repair.";
+    "3 'check' or 'clean --check' found something.";
 
 /// Where to read on: the page of help of the command that was meant.
 std::string helpHint(const CLI::App& app) {
@@ -87,6 +88,7 @@ ExitStatus run(int argc, char** argv) {
     addJsonCommand(app, session);
     addWriteCommand(app, session);
     addConvertCommand(app, session);
+    addCheckCommand(app, session);
     addCleanCommand(app, session);
     parse(app, argc, argv, session);
   } catch (const std::bad_alloc&) {

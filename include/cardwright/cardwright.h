@@ -3,6 +3,7 @@
 /// All of Cardwright: include this one, or the headers of what you use.
 
 #include "cardwright/character_set.h"
+#include "cardwright/check.h"
 #include "cardwright/cleaner_pattern.h"
 #include "cardwright/cleaning_repair.h"
 #include "cardwright/codes.h"

@@ -69,6 +69,8 @@ bool takeForm(Draft& draft, const Rule& rule, const ConversionStep& step) {
     return convertRelation(draft, step);
   case Form::agent:
     return convertAgent(draft, step);
+  case Form::member:
+    return convertMember(draft, rule, step);
   case Form::messenger:
     return convertMessenger(draft, step);
   case Form::none:
@@ -144,13 +146,14 @@ std::shared_ptr<VCard> convertCard(const VCard& card, VersionCode version,
                                    ConversionRecorder& recorder) {
   Drafts drafts = draftsOf(card);
   recorder.cardBegins(drafts.size());
+  addMissingFormattedName(drafts, version, recorder);
   for (VersionCode at = versionOf(drafts); at != version;) {
     const VersionCode next = at < version ? at + 1 : at - 1;
     convertStep(drafts, at, next, recorder);
     at = next;
   }
   stateVersion(drafts, version, recorder);
-  addMissingNames(drafts, version, recorder);
+  addMissingName(drafts, version, recorder);
   recorder.cardEnds(static_cast<std::size_t>(std::count_if(
       drafts.begin(), drafts.end(), [](const Draft& draft) { return !draft.isDropped; })));
   return cardOf(drafts);

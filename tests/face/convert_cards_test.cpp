@@ -89,6 +89,7 @@ const Row kBothWays[] = {
     // Kinds and members
     {3, "X-ADDRESSBOOKSERVER-KIND:group", 4, "KIND:group"},
     {3, "X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1", 4, "MEMBER:urn:uuid:1"},
+    {4, "MEMBER:tel:+1", 3, "X-MEMBER;VALUE=URI:tel:+1"},
     // Labels and sorting
     {3, "ADR;TYPE=HOME:;;a;;;;\r\nLABEL;TYPE=HOME:a\\nb", 4, "ADR;TYPE=HOME;LABEL=a^nb:;;a;;;;"},
     {3, "LABEL:a", 4, "X-LABEL:a"},
@@ -101,7 +102,7 @@ const Row kBothWays[] = {
     {3, "X-SPOUSE:Ada", 4, "RELATED;VALUE=TEXT;TYPE=SPOUSE:Ada"},
     {4, "RELATED;TYPE=FRIEND:urn:uuid:1", 3, "X-RELATED;VALUE=URI;X-TYPE=FRIEND:urn:uuid:1"},
     {3, "AGENT;VALUE=URI:http://a", 4, "RELATED;TYPE=AGENT:http://a"},
-    {3, "AGENT:a", 4, "X-AGENT:a"},
+    {3, "AGENT:a", 4, "AGENT:a"},
     {3, "X-AIM;TYPE=HOME:a b", 4, "IMPP;TYPE=HOME;X-FORMERLY=X-AIM;X-SERVICE-TYPE=AIM:aim:a%20b"},
     {3, "IMPP;X-SERVICE-TYPE=AIM:aim:a", 4, "IMPP;X-SERVICE-TYPE=AIM:aim:a"},
     // Dates

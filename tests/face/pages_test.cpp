@@ -11,5 +11,9 @@ TEST(Pages, tellOfConversionWhatTheTablesDo) {
       << "make_page conversion > docs/conversion.md";
 }
 
+TEST(Pages, tellOfChecksWhatTheTableDoes) {
+  EXPECT_EQ(bytesOf(CARDWRIGHT_DOCS "/checks.md"), checksPage()) << "make_page checks";
+}
+
 } // namespace
 } // namespace cardwright

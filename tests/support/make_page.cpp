@@ -10,6 +10,10 @@ int main(int argc, char** argv) {
     std::cout << cardwright::conversionPage();
     return 0;
   }
-  std::cerr << "usage: make_page conversion\n";
+  if (name == "checks") {
+    std::cout << cardwright::checksPage();
+    return 0;
+  }
+  std::cerr << "usage: make_page conversion|checks\n";
   return 2;
 }

@@ -9,4 +9,7 @@ namespace cardwright {
 /// docs/conversion.md.
 [[nodiscard]] std::string conversionPage();
 
+/// docs/checks.md.
+[[nodiscard]] std::string checksPage();
+
 } // namespace cardwright

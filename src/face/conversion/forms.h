@@ -14,6 +14,7 @@ bool convertDate(Draft& draft, const Rule& rule, const ConversionStep& step);
 bool convertGender(Draft& draft, const ConversionStep& step);
 bool convertRelation(Draft& draft, const ConversionStep& step);
 bool convertAgent(Draft& draft, const ConversionStep& step);
+bool convertMember(Draft& draft, const Rule& rule, const ConversionStep& step);
 bool convertMessenger(Draft& draft, const ConversionStep& step);
 
 /// Gives a property another name and tells.

@@ -56,9 +56,12 @@ bool has(const Drafts& drafts, TextView name) {
 
 void addName(Drafts& drafts, TextView source, bool isFormatted, ConversionRecorder& recorder) {
   for (const Draft& draft : drafts) {
-    const Text name =
-        draft.name == source && draft.value != nullptr ? nameIn(*draft.value) : Text();
-    if (name.empty()) {
+    // What the version has no kind of value for is no name.
+    if (draft.name != source || draft.value == nullptr || draft.valuesOf(u"X-VALUE") != nullptr) {
+      continue;
+    }
+    const Text name = nameIn(*draft.value);
+    if (name.empty() && isFormatted) {
       continue;
     }
     std::shared_ptr<VCardValue> value = VCardTextValue::valueWithText(name);
@@ -76,15 +79,18 @@ void addName(Drafts& drafts, TextView source, bool isFormatted, ConversionRecord
 
 } // namespace
 
-void addMissingNames(Drafts& drafts, VersionCode version, ConversionRecorder& recorder) {
-  if (version >= 3) {
-    for (const TextView source :
-         {cVCardProperty_N, cVCardProperty_NICKNAME, cVCardProperty_ORG, cVCardProperty_EMAIL}) {
-      if (!has(drafts, cVCardProperty_FN)) {
-        addName(drafts, source, true, recorder);
-      }
+void addMissingFormattedName(Drafts& drafts, VersionCode version, ConversionRecorder& recorder) {
+  // Version 2.1 asks for N only, which is made of FN in its turn.
+  const bool isNeeded = version >= 3 || !has(drafts, cVCardProperty_N);
+  for (const TextView source :
+       {cVCardProperty_N, cVCardProperty_NICKNAME, cVCardProperty_ORG, cVCardProperty_EMAIL}) {
+    if (isNeeded && !has(drafts, cVCardProperty_FN)) {
+      addName(drafts, source, true, recorder);
     }
   }
+}
+
+void addMissingName(Drafts& drafts, VersionCode version, ConversionRecorder& recorder) {
   if (version <= 3 && !has(drafts, cVCardProperty_N)) {
     addName(drafts, cVCardProperty_FN, false, recorder);
   }

@@ -4,8 +4,11 @@
 
 namespace cardwright {
 
-/// Adds the names that a version asks for and the card lacks: FN, made of N, NICKNAME, ORG or
-/// EMAIL, and N, made of FN.
-void addMissingNames(Drafts& drafts, VersionCode version, ConversionRecorder& recorder);
+// Names that a version asks for and the card lacks.
+
+/// Adds FN, made of N, NICKNAME, ORG or EMAIL; before they are parked.
+void addMissingFormattedName(Drafts& drafts, VersionCode version, ConversionRecorder& recorder);
+/// Adds N, made of FN.
+void addMissingName(Drafts& drafts, VersionCode version, ConversionRecorder& recorder);
 
 } // namespace cardwright

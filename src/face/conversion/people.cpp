@@ -207,6 +207,17 @@ bool convertAgent(Draft& draft, const ConversionStep& step) {
   return true;
 }
 
+bool convertMember(Draft& draft, const Rule& rule, const ConversionStep& step) {
+  constexpr VersionCode kNoVersion = 31; // Only what is in no table is supported there.
+  const Text text(draft.text().value_or(TextView()));
+  const Text scheme = text.substr(0, text.find(u':'));
+  if (!propertyIsSupportedForVersion(scheme, kNoVersion)) {
+    return false;
+  }
+  rename(draft, rule.target, ConversionKind::renamed, step);
+  return true;
+}
+
 bool convertMessenger(Draft& draft, const ConversionStep& step) {
   return step.isUp() ? toMessengerUri(draft, step) : fromMessengerUri(draft, step);
 }

@@ -1,14 +1,11 @@
-#include "base/ascii.h"
-#include "base/whitespace.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/vcard_geo_value.h"
 #include "cardwright/vcard_uri_value.h"
 #include "cardwright/vcard_utc_offset_value.h"
 #include "face/conversion/forms.h"
+#include "face/decimal_pair.h"
 #include "face/writing/kept_source.h"
 #include "values/source_text.h"
-
-#include <utility>
 
 namespace cardwright {
 
@@ -16,32 +13,6 @@ namespace {
 
 constexpr TextView kGeoScheme = u"geo:";
 constexpr TextView kWholeUri = u"X-URI"; ///< what a pair of numbers cannot carry
-
-/// Whether a text is a number without an exponent.
-bool isDecimal(TextView text) noexcept {
-  if (text.starts_with(u'-') || text.starts_with(u'+')) {
-    text.remove_prefix(1);
-  }
-  const std::size_t point = text.find(u'.');
-  const TextView whole = text.substr(0, point);
-  const TextView fraction = point == TextView::npos ? u"0" : text.substr(point + 1);
-  const auto isNumber = [](TextView digits) {
-    return !digits.empty() && trimmed(digits, isAsciiDigit).empty();
-  };
-  return isNumber(whole) && isNumber(fraction);
-}
-
-/// The two numbers of a pair, as they stand in it; empty where it is none.
-std::pair<TextView, TextView> numbersOf(TextView pair, TextView separators) {
-  const std::size_t cut = pair.find_first_of(separators);
-  if (cut == TextView::npos) {
-    return {};
-  }
-  const TextView latitude = trimWhitespace(pair.substr(0, cut));
-  const TextView longitude = trimWhitespace(pair.substr(cut + 1));
-  return isDecimal(latitude) && isDecimal(longitude) ? std::pair(latitude, longitude)
-                                                     : std::pair<TextView, TextView>();
-}
 
 /// A number without what says nothing.
 Text shortened(TextView number) {
@@ -72,7 +43,7 @@ Text pairOf(const VCardGeoValue& position) {
 /// The geo: URI of a pair of numbers; empty for what is none.
 Text uriOf(const VCardGeoValue& position) {
   const Text pair = pairOf(position);
-  const auto [latitude, longitude] = numbersOf(pair, u";,");
+  const auto [latitude, longitude] = decimalPair(pair, u";,");
   return latitude.empty() ? Text()
                           : Text(kGeoScheme)
                                 .append(shortened(latitude))
@@ -89,7 +60,7 @@ std::shared_ptr<VCardGeoValue> positionOf(TextView uri) {
   coordinates = coordinates.substr(0, coordinates.find(u';'));
   const std::size_t first = coordinates.find(u',');
   const std::size_t second = first == TextView::npos ? first : coordinates.find(u',', first + 1);
-  const auto [latitude, longitude] = numbersOf(coordinates.substr(0, second), u",");
+  const auto [latitude, longitude] = decimalPair(coordinates.substr(0, second), u",");
   if (latitude.empty()) {
     return nullptr;
   }

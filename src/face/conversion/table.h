@@ -31,6 +31,7 @@ enum class Form : std::uint8_t {
   gender,
   relation,
   agent,
+  member,
   messenger,
   preference,
 };

@@ -5,8 +5,8 @@
 namespace cardwright {
 
 inline constexpr Rule kProperties3To4[] = {
-    {u"AGENT", Action::reencodeOrPark, u"RELATED", Form::agent,
-     u"a URI gets TYPE=agent; a card inside is parked"},
+    {u"AGENT", Action::reencode, u"RELATED", Form::agent,
+     u"a URI gets TYPE=agent; a card inside stays what it is, for cleaners leave it alone"},
     {u"BDAY", Action::reencode, u"BDAY", Form::date, u"an omitted year is no year"},
     {u"CLASS", Action::park},
     {u"GEO", Action::reencode, u"GEO", Form::position, u"a geo: URI"},

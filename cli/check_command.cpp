@@ -1,0 +1,142 @@
+#include "commands.h"
+#include "io/input.h"
+#include "reading_options.h"
+#include "text/printable.h"
+
+#include <cardwright/check.h>
+#include <cardwright/utf8.h>
+
+#include <CLI/CLI.hpp>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace cardwright::tool {
+
+namespace {
+
+struct CheckCommandOptions {
+  std::vector<std::string> files;
+  CheckOptions check;
+  bool isJson = false;
+};
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  cardwright check contacts.vcf\n"
+    "  cardwright check --all *.vcf | grep -c bad-date\n"
+    "  cardwright check --json contacts.vcf | jq -r '.findings[].code'\n"
+    "\n"
+    "One line for each mistake: FILE:LINE:COLUMN: severity: text [code]. docs/checks.md lists the\n"
+    "codes. The exit status is 3 when there is a finding.";
+
+const char* wordOf(Severity severity) {
+  return severity == Severity::error ? "error" : "warning";
+}
+
+/// A finding as compilers tell it. What a file holds can never steer the terminal.
+std::string lineOf(std::string_view file, const Finding& finding) {
+  std::string text(displayName(file));
+  text.append(":").append(std::to_string(finding.place.line));
+  text.append(":").append(std::to_string(finding.column));
+  text.append(": ").append(wordOf(finding.severity)).append(": ").append(finding.text);
+  if (finding.count > 1) {
+    text.append(" (").append(std::to_string(finding.count)).append(" times)");
+  }
+  text.append(" [").append(finding.code).append("]");
+  return utf8FromText(printable(textFromUtf8(text))) + "\n";
+}
+
+/// The findings of all files as one JSON object.
+class FindingsJson {
+ public:
+  FindingsJson() : m_json(m_buffer) {
+    m_json.StartObject();
+    key("findings");
+    m_json.StartArray();
+  }
+
+  void add(std::string_view file, const Finding& finding) {
+    m_json.StartObject();
+    string("file", file);
+    number("line", finding.place.line);
+    number("column", finding.column);
+    number("offset", finding.place.offset);
+    string("severity", wordOf(finding.severity));
+    string("code", finding.code);
+    string("text", finding.text);
+    number("count", finding.count);
+    m_json.EndObject();
+  }
+
+  [[nodiscard]] std::string finish() {
+    m_json.EndArray();
+    m_json.EndObject();
+    return std::string(m_buffer.GetString(), m_buffer.GetSize()) + "\n";
+  }
+
+ private:
+  void key(std::string_view name) {
+    m_json.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+  }
+  void string(std::string_view name, std::string_view value) {
+    key(name);
+    // Sound UTF-8 is what RapidJSON asks for.
+    const std::string text = utf8FromText(textFromUtf8(value));
+    m_json.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+  }
+  void number(std::string_view name, std::size_t value) {
+    key(name);
+    m_json.Uint64(value);
+  }
+
+  rapidjson::StringBuffer m_buffer;
+  rapidjson::Writer<rapidjson::StringBuffer> m_json;
+};
+
+void check(CheckCommandOptions& options, const Session& session) {
+  if (options.files.empty()) {
+    options.files.emplace_back(kStandardInput);
+  }
+  FindingsJson json;
+  for (const std::string& path : options.files) {
+    const std::optional<std::string> bytes = readFile(path, session.diagnostics);
+    if (!bytes) {
+      continue;
+    }
+    for (const Finding& finding : checkText(*bytes, options.check)) {
+      session.diagnostics.found();
+      if (options.isJson) {
+        json.add(path, finding);
+      } else {
+        session.output.write(lineOf(path, finding));
+      }
+    }
+    if (!session.output.isOpen()) {
+      return;
+    }
+  }
+  if (options.isJson) {
+    session.output.write(json.finish());
+  }
+}
+
+} // namespace
+
+void addCheckCommand(CLI::App& app, const Session& session) {
+  const auto options = std::make_shared<CheckCommandOptions>();
+  CLI::App* const command = app.add_subcommand("check", "Tell what is wrong with cards");
+  command->group(kCommandGroup);
+  command->add_option("FILE", options->files, "Files to check; '-' or none is standard input")
+      ->type_name("");
+  addEncodingOption(*command, options->check.encoding);
+  command->add_flag("--all", options->check.all, "Tell a mistake each time that it is made");
+  command->add_flag("--json", options->isJson, "Write JSON for programs");
+  command->footer(kExamples);
+  command->callback([options, session] { check(*options, session); });
+}
+
+} // namespace cardwright::tool
