@@ -9,6 +9,13 @@
 
 namespace cardwright {
 
+namespace {
+
+/// A long name is cut: a property may have as many changes as its name has letters.
+constexpr std::size_t kLongestOrigin = 200;
+
+} // namespace
+
 const TextList* Draft::valuesOf(TextView key) const noexcept {
   const auto found = std::find_if(parameters.begin(), parameters.end(),
                                   [key](const DraftParameter& one) { return one.key == key; });
@@ -98,6 +105,7 @@ Drafts draftsOf(const VCard& card) {
       }
       draft.name = upperCased(property->name());
       draft.origin = (draft.group ? *draft.group + u"." : Text()).append(property->name());
+      draft.origin.resize(std::min(draft.origin.size(), kLongestOrigin));
       draft.value = property->value();
       for (const auto& [parameterKey, parameter] :
            property->parameterDict().value_or(VCardParameterDict())) {

@@ -35,53 +35,67 @@ void restoreParameters(Draft& draft, const ConversionStep& step) {
   }
 }
 
+/// Gives a parameter these values, or takes it away where there are none.
+void setOrRemove(Draft& draft, TextView key, TextList values) {
+  if (values.empty()) {
+    draft.remove(key);
+  } else {
+    draft.set(key, std::move(values));
+  }
+}
+
+TextList valuesOrNone(const Draft& draft, TextView key) {
+  const TextList* values = draft.valuesOf(key);
+  return values != nullptr ? *values : TextList();
+}
+
 void restoreTypes(Draft& draft, const ConversionStep& step) {
-  const TextList* parked = draft.valuesOf(kParkedTypes);
-  if (parked == nullptr) {
+  if (draft.valuesOf(kParkedTypes) == nullptr) {
     return;
   }
+  TextList types = valuesOrNone(draft, cVCardParameter_TYPE);
   TextList left;
-  for (const Text& type : TextList(*parked)) {
+  for (Text& type : valuesOrNone(draft, kParkedTypes)) {
     const Rule* rule = ruleFor(step.back.types, type);
     if (rule == nullptr || rule->action != Action::park) {
-      left.push_back(type);
+      left.push_back(std::move(type));
       continue;
     }
     step.recorder.changed(ConversionKind::restored, draft, kParkedTypes, cVCardParameter_TYPE,
                           type);
-    draft.append(cVCardParameter_TYPE, type);
+    types.push_back(std::move(type));
   }
-  if (left.empty()) {
-    draft.remove(kParkedTypes);
-  } else {
-    draft.set(kParkedTypes, std::move(left));
-  }
+  setOrRemove(draft, cVCardParameter_TYPE, std::move(types));
+  setOrRemove(draft, kParkedTypes, std::move(left));
 }
 
 void convertTypes(Draft& draft, const ConversionStep& step) {
-  const TextList* types = draft.valuesOf(cVCardParameter_TYPE);
-  if (types == nullptr) {
+  if (draft.valuesOf(cVCardParameter_TYPE) == nullptr) {
     return;
   }
-  for (const Text& type : TextList(*types)) {
+  TextList left;
+  TextList parked = valuesOrNone(draft, kParkedTypes);
+  bool isPreferred = false;
+  for (Text& type : valuesOrNone(draft, cVCardParameter_TYPE)) {
     const Rule* rule = ruleFor(step.table.types, type);
     if (rule == nullptr) {
-      continue;
-    }
-    draft.removeType(type);
-    if (rule->action == Action::drop) {
+      left.push_back(std::move(type));
+    } else if (rule->action == Action::drop) {
       step.recorder.changed(ConversionKind::dropped, draft, cVCardParameter_TYPE, {}, type);
     } else if (rule->action == Action::park) {
       step.recorder.changed(ConversionKind::parked, draft, cVCardParameter_TYPE, kParkedTypes,
                             type);
-      draft.append(kParkedTypes, type);
+      parked.push_back(std::move(type));
     } else {
       step.recorder.changed(ConversionKind::reencoded, draft, cVCardParameter_TYPE, rule->target,
                             type);
-      if (draft.valuesOf(cVCardParameter_PREF) == nullptr) {
-        draft.set(cVCardParameter_PREF, {u"1"});
-      }
+      isPreferred = true;
     }
+  }
+  setOrRemove(draft, cVCardParameter_TYPE, std::move(left));
+  setOrRemove(draft, kParkedTypes, std::move(parked));
+  if (isPreferred && draft.valuesOf(cVCardParameter_PREF) == nullptr) {
+    draft.set(cVCardParameter_PREF, {u"1"});
   }
 }
 
@@ -104,11 +118,7 @@ void convertEncodings(Draft& draft, const ConversionStep& step) {
       left.emplace_back(rule->target);
     }
   }
-  if (left.empty()) {
-    draft.remove(cVCardParameter_ENCODING);
-  } else {
-    draft.set(cVCardParameter_ENCODING, std::move(left));
-  }
+  setOrRemove(draft, cVCardParameter_ENCODING, std::move(left));
 }
 
 /// A first rank is a type below version 4.

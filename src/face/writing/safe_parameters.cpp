@@ -56,10 +56,18 @@ Text upperCasedName(const Text& value) {
 /// behind it would complete.
 Text encodedValue(const Text& value) {
   Text encoded = VCardUtils::encodeParameterTextValue(value);
-  for (std::size_t at = encoded.find(u"&#"); at != Text::npos; at = encoded.find(u"&#", at + 5)) {
-    encoded.replace(at, 1, u"&#38;");
+  std::size_t found = encoded.find(u"&#");
+  if (found == Text::npos) {
+    return encoded;
   }
-  return encoded;
+  Text safe;
+  std::size_t copied = 0;
+  for (; found != Text::npos; found = encoded.find(u"&#", copied)) {
+    safe.append(encoded, copied, found - copied);
+    safe.append(u"&#38;");
+    copied = found + 1;
+  }
+  return safe.append(encoded, copied);
 }
 
 void appendValue(Text& output, const Text& encoded) {

@@ -2,7 +2,16 @@
 
 #include "cardwright/utf8.h"
 
+#include <algorithm>
+
 namespace cardwright {
+
+namespace {
+
+/// A long name is cut: a property may have as many changes as its name has letters.
+constexpr std::size_t kLongestName = 200;
+
+} // namespace
 
 void WriteRecorder::cardBegins() noexcept {
   if (m_report != nullptr) {
@@ -20,11 +29,12 @@ void WriteRecorder::changed(WriteChangeKind kind, const VCardProperty& property,
   if (m_report == nullptr) {
     return;
   }
-  Text name(property.group().value_or(TextView()));
+  Text name(property.group().value_or(TextView()).substr(0, kLongestName));
   if (property.group()) {
     name.push_back(u'.');
   }
-  name.append(property.name());
+  name.append(property.name().substr(0, kLongestName));
+  name.resize(std::min(name.size(), kLongestName));
   m_report->changes.push_back({kind, m_report->cards - 1, utf8FromText(name), utf8FromText(text)});
 }
 
