@@ -146,13 +146,14 @@ std::shared_ptr<VCard> convertCard(const VCard& card, VersionCode version,
                                    ConversionRecorder& recorder) {
   Drafts drafts = draftsOf(card);
   recorder.cardBegins(drafts.size());
-  addMissingFormattedName(drafts, version, recorder);
+  addMissingFormattedName(drafts, version, recorder); // Of what will be parked.
   for (VersionCode at = versionOf(drafts); at != version;) {
     const VersionCode next = at < version ? at + 1 : at - 1;
     convertStep(drafts, at, next, recorder);
     at = next;
   }
   stateVersion(drafts, version, recorder);
+  addMissingFormattedName(drafts, version, recorder); // Of what was parked.
   addMissingName(drafts, version, recorder);
   recorder.cardEnds(static_cast<std::size_t>(std::count_if(
       drafts.begin(), drafts.end(), [](const Draft& draft) { return !draft.isDropped; })));

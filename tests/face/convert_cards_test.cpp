@@ -164,6 +164,7 @@ TEST(ConvertCards, makesNamesThatTheVersionAsksFor) {
       {"N:;;;;\r\nNICKNAME:Jay,Dee\r\n", "Jay"},
       {"ORG:Works;Sales\r\n", "Works\\, Sales"},
       {"EMAIL:a@b\r\n", "a@b"},
+      {"VERSION:2.1\r\nX-NICKNAME:Jay\\,Dee\r\n", "Jay"},
   };
   for (const auto& [lines, name] : rows) {
     const std::string text = writeCards(convertCards(read(lines), 4));
