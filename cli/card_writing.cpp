@@ -35,6 +35,7 @@ class CardWriting {
       }
       m_progress.show(number, file.cards.size());
     }
+    tellNotes(file.path);
     return true;
   }
 
@@ -42,6 +43,12 @@ class CardWriting {
   [[nodiscard]] std::string report() { return m_json.finish(m_sums); }
 
  private:
+  struct Note {
+    std::size_t count = 0;
+    std::size_t card = 0;
+    std::string property;
+  };
+
   static std::size_t heldProperties(const VCardList& cards) {
     std::size_t held = 0;
     for (const auto& card : cards) {
@@ -61,7 +68,7 @@ class CardWriting {
       if (wantsReport()) {
         m_json.addConversion(path, number, conversion);
       }
-      noteLosses(path, number, conversion);
+      noteLosses(number, conversion);
     }
     WriteReport writing;
     m_output.write(writeCards(cards, &writing, {m_options.version}));
@@ -70,24 +77,34 @@ class CardWriting {
       m_json.addWriting(path, number, writing);
     }
     for (const WriteChange& change : writing.changes) {
-      note(path, number, change.property, writeChangeText(change.kind));
+      note(number, change.property, writeChangeText(change.kind));
     }
   }
 
   /// What else a conversion did comes back, and is told in the report.
-  void noteLosses(const std::string& path, std::size_t number, const ConversionReport& report) {
+  void noteLosses(std::size_t number, const ConversionReport& report) {
     for (const ConversionChange& change : report.changes) {
       if (change.kind == ConversionKind::broken ||
           (change.kind == ConversionKind::dropped && change.part.empty())) {
-        note(path, number, change.property, conversionKindText(change.kind));
+        note(number, change.property, conversionKindText(change.kind));
       }
     }
   }
 
-  void note(const std::string& path, std::size_t number, const std::string& property,
-            std::string_view text) {
-    m_diagnostics.note(displayName(path), "card " + std::to_string(number) + ", " + property +
-                                              ": " + std::string(text));
+  void note(std::size_t number, const std::string& property, std::string_view text) {
+    const auto [noted, isNew] = m_notes.try_emplace(text, Note{0, number, property});
+    ++noted->second.count;
+  }
+
+  /// Tells of each kind of change once, where it was made first.
+  void tellNotes(const std::string& path) {
+    for (const auto& [text, note] : m_notes) {
+      std::string message(text);
+      message += note.count == 1 ? ": " : ", " + std::to_string(note.count) + " times: first ";
+      message += note.property + " of card " + std::to_string(note.card);
+      m_diagnostics.note(displayName(path), message);
+    }
+    m_notes.clear();
   }
 
   [[nodiscard]] bool wantsReport() const noexcept { return !m_options.reportFile.empty(); }
@@ -98,6 +115,7 @@ class CardWriting {
   Progress m_progress;
   Sums m_sums;
   ReportJson m_json;
+  std::map<std::string_view, Note> m_notes; ///< of the file that is being written
 };
 
 void writeTo(const WritingOptions& options, Output& output, Diagnostics& diagnostics) {

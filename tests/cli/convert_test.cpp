@@ -40,6 +40,17 @@ TEST(ConvertCommand, keepsTheSumsToItselfWhenAsked) {
             "cardwright: 1 card in, 1 out, 0 repaired; 2 properties in, 2 out, 0 dropped\n");
 }
 
+TEST(ConvertCommand, tellsOfEachKindOfChangeOnce) {
+  const std::string text =
+      "BEGIN:VCARD\r\nVERSION:2.1\r\nN:a\r\nNOTE;ENCODING=QUOTED-PRINTABLE:=41\r\n"
+      "TITLE;ENCODING=QUOTED-PRINTABLE:=42\r\nX-A;X-B=\" \":c\r\nEND:VCARD\r\n";
+  EXPECT_EQ(runTool({{"write", "--to", "2.1", "-q"}, text}).errors,
+            "cardwright: standard input: encoding left out that the value is not written in, 2 "
+            "times: first TITLE of card 1\n"
+            "cardwright: standard input: parameter without a name or a value left out: X-A of card "
+            "1\n");
+}
+
 TEST(ConvertCommand, wantsAVersionItKnows) {
   EXPECT_EQ(runTool({{"convert"}, std::string(kCard)}).status, 2);
   EXPECT_EQ(runTool({{"convert", "--to", "3"}, std::string(kCard)}).status, 2);
