@@ -217,6 +217,7 @@ bool isSame(const PropertyLeft& before, const PropertyLeft& after) {
   }
   // A name that became another one has the values of that one.
   return after.value->valueClass == ValueClass::position ||
+         after.value->valueClass == ValueClass::labelled ||
          withoutDelimiters(flatTexts(before.value)) == withoutDelimiters(flatTexts(after.value));
 }
 
