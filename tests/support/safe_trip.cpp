@@ -70,6 +70,17 @@ Slot only(const Slot& slot) {
   return Slot(TextList{slot && !slot->empty() ? slot->front() : Text()});
 }
 
+/// Rule: what separates a label from its value is in neither.
+void leaveUnseparated(Slot& slot) {
+  constexpr TextView kSeparator = u"-=+=-";
+  if (slot && !slot->empty()) {
+    Text& text = slot->front();
+    for (std::size_t at = 0; (at = text.find(kSeparator)) != Text::npos;) {
+      text.erase(at, kSeparator.size());
+    }
+  }
+}
+
 /// What is the same in a value that is written and read again.
 void leave(ValueModel& value) {
   value.quotedPrintable = false;
@@ -100,6 +111,13 @@ void leave(ValueModel& value) {
   case ValueClass::gender:
     value.texts[0] = only(value.texts[0]);
     std::erase(value.texts[0]->front(), u';');
+    break;
+  case ValueClass::labelled:
+    leaveUnseparated(value.texts[0]);
+    leaveUnseparated(value.texts[1]);
+    if (value.texts[0] && value.texts[0]->front().ends_with(u"-=+=")) {
+      value.texts[0]->front().pop_back();
+    }
     break;
   case ValueClass::list:
     for (ValueModel& element : value.elements) {
