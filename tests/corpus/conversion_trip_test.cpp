@@ -59,7 +59,7 @@ TEST(ConversionTrip, returnsAllOfAnAddressBook) {
 
 TEST(ConversionTrip, returnsWhatOnlyOneVersionHas) {
   const std::uint64_t seed = testSeed();
-  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 3'000);
+  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 1'000);
   VersionCards cards(seed);
   for (std::uint64_t i = 0; i < count; ++i) {
     for (const auto& [home, there] : {Way{3, 4}, Way{4, 3}}) {
@@ -75,7 +75,7 @@ TEST(ConversionTrip, returnsWhatOnlyOneVersionHas) {
 
 TEST(ConversionTrip, survivesStrangeCards) {
   const std::uint64_t seed = testSeed();
-  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 3'000);
+  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 1'000);
   StrangeCards cards(seed);
   for (std::uint64_t i = 0; i < count; ++i) {
     const Text text = cards.card();
