@@ -4,6 +4,7 @@
 #include "io/input.h"
 #include "io/progress.h"
 #include "io/replacement.h"
+#include "report/repair_cards.h"
 #include "report/report_json.h"
 
 #include <CLI/CLI.hpp>
@@ -23,9 +24,9 @@ class CardWriting {
   /// @returns whether to go on
   bool write(const CardFile& file) {
     m_sums.addReading(file.report, heldProperties(file.cards));
-    m_sums.cardsRepaired += file.repairedCards;
+    m_sums.cardsRepaired += distinctCards(file.cardsOfRepairs);
     if (wantsReport()) {
-      m_json.addReading(file.path, file.report);
+      m_json.addReading(file.path, file.report, file.cardsOfRepairs);
     }
     std::size_t number = 0;
     for (const auto& card : file.cards) {

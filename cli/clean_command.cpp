@@ -3,6 +3,8 @@
 #include "io/repair_notes.h"
 #include "io/replacement.h"
 #include "reading_options.h"
+#include "report/repair_cards.h"
+#include "report/report_json.h"
 #include "text/unified_diff.h"
 
 #include <cardwright/face.h>
@@ -24,8 +26,12 @@ struct CleanOptions {
   std::optional<std::string> encoding;
   std::string outputFile;
   std::optional<std::string> backupSuffix; ///< present for --in-place
+  std::string reportFile;
   bool isDiff = false;
   bool isCheck = false;
+  bool isQuiet = false;
+
+  [[nodiscard]] bool isWriting() const noexcept { return !isDiff && !isCheck; }
 };
 
 constexpr const char* kExamples =
@@ -43,6 +49,51 @@ struct CleanedFile {
   std::string path;
   std::string bytes;
   std::optional<std::string> cleaned;
+  CleanReport report;
+};
+
+/// Adds up what became of the files, where anybody wants to know.
+class CleanSums {
+ public:
+  explicit CleanSums(const CleanOptions& options)
+      : m_encoding(options.encoding),
+        m_tellsSums(!options.isQuiet && options.isWriting()),
+        m_reportFile(options.reportFile) {}
+
+  /// @param file is let go piece by piece, for it is counted by reading it
+  void add(CleanedFile file) {
+    if (!m_tellsSums && m_reportFile.empty()) {
+      return;
+    }
+    const CleanReport& report = file.report;
+    const std::vector<std::size_t> cards =
+        cardsOfRepairs(file.bytes, report.decoding.encoding, report.repairs);
+    const HeldCounts before = countHeld(file.bytes, m_encoding);
+    file.bytes = {};
+    const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "utf-8") : before;
+    m_sums.addCleaning(before, after, report.repairs);
+    m_sums.cardsRepaired += distinctCards(cards);
+    if (!m_reportFile.empty()) {
+      m_json.addCleaning(file.path, report, cards);
+    }
+  }
+
+  void tell(const Session& session) {
+    if (!m_reportFile.empty()) {
+      replaceFile(m_reportFile, m_json.finish(m_sums), session.diagnostics);
+    }
+    if (m_tellsSums) {
+      session.output.flush();
+      session.diagnostics.note(m_sums.line());
+    }
+  }
+
+ private:
+  const std::optional<std::string>& m_encoding;
+  bool m_tellsSums;
+  const std::string& m_reportFile;
+  Sums m_sums;
+  ReportJson m_json;
 };
 
 /// Says why nothing was repaired where that is not because nothing is broken.
@@ -60,61 +111,62 @@ std::optional<CleanedFile> cleanFile(const std::string& path, const CleanOptions
   if (!bytes) {
     return std::nullopt;
   }
-  CleanReport report;
-  CleanedFile file{path, std::move(*bytes), std::nullopt};
-  file.cleaned = cleanText(file.bytes, &report, options.encoding);
+  CleanedFile file{path, std::move(*bytes), std::nullopt, {}};
+  file.cleaned = cleanText(file.bytes, &file.report, options.encoding);
   if (file.cleaned && !file.cleaned->ends_with('\n')) {
     file.cleaned->append("\r\n");
   }
-  for (const std::string& repair : repairNotes(report.decoding, report.summaries)) {
+  for (const std::string& repair : repairNotes(file.report.decoding, file.report.summaries)) {
     diagnostics.note(displayName(path), repair);
   }
-  noteForeignLine(displayName(path), report, diagnostics);
+  noteForeignLine(displayName(path), file.report, diagnostics);
   if (file.cleaned && options.isCheck) {
     diagnostics.found();
   }
   return file;
 }
 
-/// Ends a text that another follows, so that no two cards are glued together.
-void separate(std::string_view text, Output& output) {
-  if (!text.empty() && text.back() != '\n' && text.back() != '\r') {
-    output.write("\r\n");
-  }
+/// Whether another text that follows would be glued to the last line.
+/// @param text not empty
+bool isOpenEnded(std::string_view text) {
+  return text.back() != '\n' && text.back() != '\r';
 }
 
 /// Writes the cleaned files one after the other, or what would change in them.
-void cleanTo(Output& output, const CleanOptions& options, Diagnostics& diagnostics) {
-  std::optional<CleanedFile> before;
+void cleanTo(Output& output, const CleanOptions& options, CleanSums& sums,
+             Diagnostics& diagnostics) {
+  bool isOpen = false;
   for (const std::string& path : options.files) {
     std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
-    if (!file || options.isCheck) {
+    if (!file) {
       continue;
     }
-    if (options.isDiff) {
-      if (file->cleaned) {
-        output.write(unifiedDiff(file->bytes, *file->cleaned, displayName(path)));
+    if (options.isDiff && file->cleaned) {
+      output.write(unifiedDiff(file->bytes, *file->cleaned, displayName(path)));
+    }
+    if (options.isWriting()) {
+      const std::string& text = file->cleaned ? *file->cleaned : file->bytes;
+      if (!text.empty()) {
+        output.write(isOpen ? "\r\n" : "");
+        output.write(text);
+        isOpen = isOpenEnded(text);
       }
-      continue;
+      if (!output.isOpen()) {
+        return;
+      }
     }
-    if (before) {
-      separate(before->cleaned ? *before->cleaned : before->bytes, output);
-    }
-    output.write(file->cleaned ? *file->cleaned : file->bytes);
-    before = std::move(file);
-    if (!output.isOpen()) {
-      return;
-    }
+    sums.add(std::move(*file));
   }
 }
 
-void cleanToFile(const CleanOptions& options, Diagnostics& diagnostics) {
+void cleanToFile(const CleanOptions& options, CleanSums& sums, const Session& session) {
+  Diagnostics& diagnostics = session.diagnostics;
   Replacement replacement(options.outputFile, diagnostics);
   if (!replacement.isOpen()) {
     return;
   }
   Output output(replacement.descriptor());
-  cleanTo(output, options, diagnostics);
+  cleanTo(output, options, sums, diagnostics);
   output.flush();
   if (!output.isOpen()) {
     diagnostics.error(options.outputFile, systemMessage(output.error()));
@@ -123,14 +175,20 @@ void cleanToFile(const CleanOptions& options, Diagnostics& diagnostics) {
   } else {
     replacement.commit();
   }
+  sums.tell(session);
 }
 
-void cleanInPlace(const CleanOptions& options, Diagnostics& diagnostics) {
+/// A file that cannot be replaced counts as little as one that cannot be read.
+void cleanInPlace(const CleanOptions& options, CleanSums& sums, Diagnostics& diagnostics) {
   for (const std::string& path : options.files) {
-    const std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
-    if (file && file->cleaned) {
-      const std::string& suffix = *options.backupSuffix;
-      replaceFile(path, *file->cleaned, diagnostics, suffix.empty() ? suffix : path + suffix);
+    std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
+    if (!file) {
+      continue;
+    }
+    const std::string& suffix = *options.backupSuffix;
+    if (!file->cleaned ||
+        replaceFile(path, *file->cleaned, diagnostics, suffix.empty() ? suffix : path + suffix)) {
+      sums.add(std::move(*file));
     }
   }
 }
@@ -145,12 +203,15 @@ void clean(CleanOptions& options, const Session& session) {
   if (options.files.empty()) {
     options.files.emplace_back(kStandardInput);
   }
+  CleanSums sums(options);
   if (options.backupSuffix) {
-    cleanInPlace(options, session.diagnostics);
+    cleanInPlace(options, sums, session.diagnostics);
+    sums.tell(session);
   } else if (options.outputFile.empty() || options.outputFile == "-") {
-    cleanTo(session.output, options, session.diagnostics);
+    cleanTo(session.output, options, sums, session.diagnostics);
+    sums.tell(session);
   } else {
-    cleanToFile(options, session.diagnostics);
+    cleanToFile(options, sums, session);
   }
 }
 
@@ -167,6 +228,9 @@ void addCleanCommand(CLI::App& app, const Session& session) {
       command
           ->add_option("-o,--output", options->outputFile, "File to write; it is replaced at once")
           ->type_name("FILE");
+  command->add_option("--report", options->reportFile, "File for all that was repaired, as JSON")
+      ->type_name("FILE");
+  command->add_flag("-q,--quiet", options->isQuiet, "Do not tell the sums at the end");
   CLI::Option* const inPlace =
       command
           ->add_option_function<std::string>(

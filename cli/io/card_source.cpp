@@ -2,7 +2,7 @@
 
 #include "io/input.h"
 #include "io/repair_notes.h"
-#include "report/sums.h"
+#include "report/repair_cards.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -54,8 +54,8 @@ void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
       continue;
     }
     ReadReport report;
-    CardFile file{path, readCards(*bytes, &report, options.read), {}, {}, 0};
-    file.repairedCards = repairedCards(*bytes, report);
+    CardFile file{path, readCards(*bytes, &report, options.read), {}, {}, {}};
+    file.cardsOfRepairs = cardsOfRepairs(*bytes, report.decoding.encoding, report.repairs);
     bytes.reset(); // the cards hold what they need
     file.repairs = repairNotes(report.decoding, report.summaries);
     for (const std::string& repair : file.repairs) {

@@ -15,7 +15,7 @@ struct CardFile {
   VCardList cards;
   std::vector<std::string> repairs; ///< one line for each, in UTF-8
   ReadReport report;
-  std::size_t repairedCards = 0;
+  std::vector<std::size_t> cardsOfRepairs; ///< the number of its card for each repair
 };
 
 /// Reads files one after the other, standard input where there is none, and hands on the cards of

@@ -67,19 +67,32 @@ class ReportJson::Writer {
 ReportJson::ReportJson() : m_writer(std::make_unique<Writer>()) {}
 ReportJson::~ReportJson() = default;
 
-void ReportJson::addReading(std::string_view file, const ReadReport& report) {
-  if (report.decoding.droppedBytes != 0) {
+void ReportJson::addRepairs(std::string_view file, const DecodingReport& decoding,
+                            const std::vector<CleaningRepair>& repairs,
+                            const std::vector<std::size_t>& cardsOfRepairs) {
+  if (decoding.droppedBytes != 0) {
     m_writer->begin(file, "decode", "dropped-bytes");
-    m_writer->number("count", report.decoding.droppedBytes);
-    m_writer->string("encoding", report.decoding.encoding);
+    m_writer->number("count", decoding.droppedBytes);
+    m_writer->string("encoding", decoding.encoding);
     m_writer->end();
   }
-  for (const CleaningRepair& repair : report.repairs) {
-    m_writer->begin(file, "repair", codeOf(repair.kind));
-    m_writer->place(repair.place);
-    m_writer->string("text", utf8FromText(repair.originalLine));
+  for (std::size_t i = 0; i < repairs.size(); ++i) {
+    m_writer->begin(file, "repair", codeOf(repairs[i].kind));
+    m_writer->number("card", cardsOfRepairs[i]);
+    m_writer->place(repairs[i].place);
+    m_writer->string("text", utf8FromText(repairs[i].originalLine));
     m_writer->end();
   }
+}
+
+void ReportJson::addCleaning(std::string_view file, const CleanReport& report,
+                             const std::vector<std::size_t>& cardsOfRepairs) {
+  addRepairs(file, report.decoding, report.repairs, cardsOfRepairs);
+}
+
+void ReportJson::addReading(std::string_view file, const ReadReport& report,
+                            const std::vector<std::size_t>& cardsOfRepairs) {
+  addRepairs(file, report.decoding, report.repairs, cardsOfRepairs);
   for (const DroppedLine& line : report.droppedLines) {
     m_writer->begin(file, "read", codeOf(line.reason));
     m_writer->place(line.place);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace cardwright::tool {
 
@@ -18,7 +19,11 @@ class ReportJson {
   ReportJson& operator=(const ReportJson&) = delete;
   ~ReportJson();
 
-  void addReading(std::string_view file, const ReadReport& report);
+  /// @param cardsOfRepairs the number of its card for each repair
+  void addReading(std::string_view file, const ReadReport& report,
+                  const std::vector<std::size_t>& cardsOfRepairs);
+  void addCleaning(std::string_view file, const CleanReport& report,
+                   const std::vector<std::size_t>& cardsOfRepairs);
   /// @param firstCard number of the first card of the report in its file, counted from 1
   void addConversion(std::string_view file, std::size_t firstCard, const ConversionReport& report);
   void addWriting(std::string_view file, std::size_t firstCard, const WriteReport& report);
@@ -28,6 +33,10 @@ class ReportJson {
 
  private:
   class Writer;
+
+  void addRepairs(std::string_view file, const DecodingReport& decoding,
+                  const std::vector<CleaningRepair>& repairs,
+                  const std::vector<std::size_t>& cardsOfRepairs);
 
   std::unique_ptr<Writer> m_writer;
 };

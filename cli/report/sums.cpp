@@ -10,12 +10,16 @@ std::string counted(std::size_t count, const char* noun, const char* plural) {
   return std::to_string(count) + " " + (count == 1 ? noun : plural);
 }
 
+std::size_t lostLines(const ReadReport& report) {
+  return static_cast<std::size_t>(std::count_if(
+      report.droppedLines.begin(), report.droppedLines.end(),
+      [](const DroppedLine& line) { return line.reason != DropReason::outsideCard; }));
+}
+
 } // namespace
 
 void Sums::addReading(const ReadReport& report, std::size_t held) {
-  const auto lost = static_cast<std::size_t>(std::count_if(
-      report.droppedLines.begin(), report.droppedLines.end(),
-      [](const DroppedLine& line) { return line.reason != DropReason::outsideCard; }));
+  const std::size_t lost = lostLines(report);
   cardsIn += report.cards;
   propertiesIn += report.properties + lost;
   propertiesDropped += lost;
@@ -34,6 +38,28 @@ void Sums::addWriting(const WriteReport& report) {
   propertiesDropped += report.dropped;
 }
 
+void Sums::addCleaning(const HeldCounts& before, const HeldCounts& after,
+                       const std::vector<CleaningRepair>& repairs) {
+  std::size_t removed = 0;
+  std::size_t cut = 0;
+  for (const CleaningRepair& repair : repairs) {
+    if (repair.kind == CleaningRepairKind::duplicate) {
+      ++removed;
+    } else if (!repair.replacement.empty()) {
+      cut += repair.replacement.size() - 1;
+    }
+  }
+  cardsIn += before.cards;
+  cardsOut += after.cards;
+  propertiesIn += before.properties;
+  propertiesOut += after.properties;
+  propertiesDropped += removed;
+  const std::size_t arisen = before.properties + cut;
+  const std::size_t found = after.properties + removed;
+  propertiesAdded += cut + (found > arisen ? found - arisen : 0);
+  propertiesMerged += arisen > found ? arisen - found : 0; // Pieces of torn lines.
+}
+
 std::string Sums::line() const {
   std::string text = counted(cardsIn, "card", "cards") + " in, " + std::to_string(cardsOut) +
                      " out, " + std::to_string(cardsRepaired) + " repaired; ";
@@ -48,21 +74,13 @@ std::string Sums::line() const {
   return text;
 }
 
-std::size_t repairedCards(std::string_view bytes, const ReadReport& report) {
-  if (report.repairs.empty()) {
-    return 0;
-  }
-  const Text text = decodeFile(bytes, report.decoding.encoding).value_or(Text());
-  std::size_t cards = 0;
-  std::size_t cardEnd = 0;
-  for (const CleaningRepair& repair : report.repairs) {
-    if (cards != 0 && repair.place.offset < cardEnd) {
-      continue; // In the same card as the one before.
-    }
-    ++cards;
-    cardEnd = std::min(text.find(u"END:VCARD", repair.place.offset), text.size());
-  }
-  return cards;
+HeldCounts countHeld(std::string_view bytes, const std::optional<std::string>& encoding) {
+  ReadReport report;
+  ReadOptions options;
+  options.encoding = encoding;
+  options.clean = false;
+  static_cast<void>(readCards(bytes, &report, options));
+  return {report.cards, report.properties + lostLines(report)};
 }
 
 } // namespace cardwright::tool

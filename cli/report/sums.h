@@ -3,9 +3,18 @@
 #include <cardwright/face.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace cardwright::tool {
+
+/// What a text holds.
+struct HeldCounts {
+  std::size_t cards = 0;
+  std::size_t properties = 0; ///< the lines of cards that cannot be used among them
+};
 
 /// What went into a command and what came out. Properties that went in or were added are those
 /// that came out, were dropped or became part of another.
@@ -21,6 +30,10 @@ struct Sums {
 
   /// @param held how many properties the cards hold that were read
   void addReading(const ReadReport& report, std::size_t held);
+  /// Repeated properties were dropped, those that stood on one line with others are added, and
+  /// pieces of torn lines that became part of a property are merged.
+  void addCleaning(const HeldCounts& before, const HeldCounts& after,
+                   const std::vector<CleaningRepair>& repairs);
   void addConversion(const ConversionReport& report);
   void addWriting(const WriteReport& report);
 
@@ -29,7 +42,8 @@ struct Sums {
   [[nodiscard]] std::string line() const;
 };
 
-/// How many cards of a text were repaired.
-[[nodiscard]] std::size_t repairedCards(std::string_view bytes, const ReadReport& report);
+/// Counts what bytes hold as they are. The cards are gone when it returns.
+[[nodiscard]] HeldCounts countHeld(std::string_view bytes,
+                                   const std::optional<std::string>& encoding);
 
 } // namespace cardwright::tool

@@ -77,6 +77,7 @@ TEST(ConvertCommand, reportsEachRepairConversionAndLoss) {
   EXPECT_EQ(steps, (std::vector<std::string>{"decode dropped-bytes", "repair merged-properties",
                                              "read no-colon", "convert parked",
                                              "convert re-encoded", "write parameter-left-out"}));
+  EXPECT_EQ(document["changes"][1]["card"].GetInt(), 1);
   EXPECT_EQ(document["changes"][2]["line"].GetInt(), 6);
   EXPECT_STREQ(document["changes"][2]["text"].GetString(), "no colon");
   EXPECT_EQ(document["changes"][3]["card"].GetInt(), 1);
