@@ -56,9 +56,7 @@ struct CleanedFile {
 class CleanSums {
  public:
   explicit CleanSums(const CleanOptions& options)
-      : m_encoding(options.encoding),
-        m_tellsSums(!options.isQuiet && options.isWriting()),
-        m_reportFile(options.reportFile) {}
+      : m_tellsSums(!options.isQuiet && options.isWriting()), m_reportFile(options.reportFile) {}
 
   /// @param file is let go piece by piece, for it is counted by reading it
   void add(CleanedFile file) {
@@ -68,9 +66,9 @@ class CleanSums {
     const CleanReport& report = file.report;
     const std::vector<std::size_t> cards =
         cardsOfRepairs(file.bytes, report.decoding.encoding, report.repairs);
-    const HeldCounts before = countHeld(file.bytes, m_encoding);
+    const HeldCounts before = countHeld(file.bytes, report.decoding.encoding);
     file.bytes = {};
-    const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "utf-8") : before;
+    const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "UTF-8") : before;
     m_sums.addCleaning(before, after, report.repairs);
     m_sums.cardsRepaired += distinctCards(cards);
     if (!m_reportFile.empty()) {
@@ -89,7 +87,6 @@ class CleanSums {
   }
 
  private:
-  const std::optional<std::string>& m_encoding;
   bool m_tellsSums;
   const std::string& m_reportFile;
   Sums m_sums;

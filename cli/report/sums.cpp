@@ -16,6 +16,26 @@ std::size_t lostLines(const ReadReport& report) {
       [](const DroppedLine& line) { return line.reason != DropReason::outsideCard; }));
 }
 
+/// How much of UTF-8 can be read by itself: up to a card that begins right behind the end of
+/// another one. A soft break or a blank line in front of the end could make it part of a value.
+std::size_t portionSize(std::string_view bytes) {
+  constexpr std::size_t kPortion = std::size_t{1} * 1024 * 1024;
+  constexpr std::string_view kEnd = "\nEND:VCARD";
+  constexpr std::string_view kBegin = "\nBEGIN:VCARD";
+  for (std::size_t at = bytes.find(kEnd, kPortion); at != std::string_view::npos;
+       at = bytes.find(kEnd, at + 1)) {
+    std::string_view before = bytes.substr(0, at);
+    before = before.substr(0, before.ends_with('\r') ? at - 1 : at);
+    std::string_view after = bytes.substr(at + kEnd.size());
+    after = after.substr(after.starts_with('\r') ? 1 : 0);
+    if (after.starts_with(kBegin) && !before.empty() && before.back() > ' ' &&
+        before.back() != '=') {
+      return bytes.size() - after.size() + 1;
+    }
+  }
+  return bytes.size();
+}
+
 } // namespace
 
 void Sums::addReading(const ReadReport& report, std::size_t held) {
@@ -74,13 +94,20 @@ std::string Sums::line() const {
   return text;
 }
 
-HeldCounts countHeld(std::string_view bytes, const std::optional<std::string>& encoding) {
-  ReadReport report;
+HeldCounts countHeld(std::string_view bytes, const std::string& encoding) {
   ReadOptions options;
   options.encoding = encoding;
   options.clean = false;
-  static_cast<void>(readCards(bytes, &report, options));
-  return {report.cards, report.properties + lostLines(report)};
+  HeldCounts held;
+  while (!bytes.empty()) {
+    const std::size_t size = encoding == "UTF-8" ? portionSize(bytes) : bytes.size();
+    ReadReport report;
+    static_cast<void>(readCards(bytes.substr(0, size), &report, options));
+    held.cards += report.cards;
+    held.properties += report.properties + lostLines(report);
+    bytes.remove_prefix(size);
+  }
+  return held;
 }
 
 } // namespace cardwright::tool

@@ -3,7 +3,6 @@
 #include <cardwright/face.h>
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,8 +41,8 @@ struct Sums {
   [[nodiscard]] std::string line() const;
 };
 
-/// Counts what bytes hold as they are. The cards are gone when it returns.
-[[nodiscard]] HeldCounts countHeld(std::string_view bytes,
-                                   const std::optional<std::string>& encoding);
+/// Counts what bytes hold as they are. UTF-8 is read in portions, so that little memory is needed.
+/// @param encoding as decoding reported it
+[[nodiscard]] HeldCounts countHeld(std::string_view bytes, const std::string& encoding);
 
 } // namespace cardwright::tool
