@@ -43,6 +43,9 @@ struct Sums {
 
 /// Counts what bytes hold as they are. UTF-8 is read in portions, so that little memory is needed.
 /// @param encoding as decoding reported it
-[[nodiscard]] HeldCounts countHeld(std::string_view bytes, const std::string& encoding);
+/// @param isSound whether nothing is likely to be damaged: the cleaner's glance at each line then
+///        makes reading faster. What it would repair is read once more as it is.
+[[nodiscard]] HeldCounts countHeld(std::string_view bytes, const std::string& encoding,
+                                   bool isSound);
 
 } // namespace cardwright::tool
