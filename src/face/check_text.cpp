@@ -58,12 +58,19 @@ std::vector<FoundCheck> findInCards(const Cleaning& cleaning, TextView original)
   return found;
 }
 
+/// Whether what a finding is about tells its kind, as a name does. UIDs and members differ from
+/// card to card, and thousands of lost ones are the same mistake.
+bool isKindBySubject(Check check) noexcept {
+  return check != Check::lostMember && check != Check::equalUid;
+}
+
 /// Keeps the first of each kind and counts the others.
 void countRepeats(std::vector<FoundCheck>& found, std::vector<std::size_t>& counts) {
   std::map<std::pair<Check, Text>, std::size_t> first;
   std::vector<FoundCheck> kept;
   for (FoundCheck& one : found) {
-    const auto [known, isNew] = first.emplace(std::pair(one.check, one.subject), kept.size());
+    const Text subject = isKindBySubject(one.check) ? one.subject : Text();
+    const auto [known, isNew] = first.emplace(std::pair(one.check, subject), kept.size());
     if (isNew) {
       kept.push_back(std::move(one));
       counts.push_back(1);

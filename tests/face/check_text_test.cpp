@@ -8,6 +8,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace cardwright {
 namespace {
@@ -146,6 +147,23 @@ TEST(CheckText, tellsAMistakeOnceWithItsCountOrEachTime) {
   ASSERT_EQ(all.size(), 3U);
   EXPECT_EQ(all[1].place.line, 5U);
   EXPECT_EQ(all[1].count, 1U);
+}
+
+TEST(CheckText, tellsLostMembersAndEqualUidsOnceWhateverTheyAre) {
+  const std::string file = fileOf("BEGIN:VCARD\nVERSION:4.0\nFN:a\nUID:1\nKIND:group\n"
+                                  "MEMBER:urn:uuid:b\nMEMBER:urn:uuid:c\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:4.0\nFN:d\nUID:2\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:4.0\nFN:e\nUID:1\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:4.0\nFN:f\nUID:2\nEND:VCARD");
+  const std::vector<Finding> once = checkText(file);
+  ASSERT_EQ(once.size(), 2U);
+  EXPECT_EQ(once[0].text, "a member that is no card of the file: urn:uuid:b");
+  EXPECT_EQ(once[0].count, 2U);
+  EXPECT_EQ(once[1].text, "a UID that another card has: 1");
+  EXPECT_EQ(once[1].count, 2U);
+  CheckOptions options;
+  options.all = true;
+  EXPECT_EQ(checkText(file, options).size(), 4U);
 }
 
 TEST(CheckText, countsColumnsInCharacters) {
