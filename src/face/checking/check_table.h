@@ -52,7 +52,7 @@ enum class Check : std::uint8_t {
   equalUid,
 };
 
-struct CheckRow {
+struct CheckRow { // NOLINT(clang-analyzer-optin.performance.Padding): in reading order
   Check check;
   std::string_view code;
   Severity severity;
