@@ -6,14 +6,14 @@ namespace cardwright {
 
 VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOptions& options) {
   ReadReport done;
-  Text text = decodedBytes(bytes, options.encoding, done.decoding);
+  Text original = decodedBytes(bytes, options.encoding, done.decoding);
   SimpleLines simpleLines;
-  Cleaning cleaning = options.clean ? clean(text, &simpleLines) : Cleaning();
+  Cleaning cleaning = options.clean ? clean(original, &simpleLines) : Cleaning();
   auto store = std::make_shared<detail::LineStore>();
   if (!cleaning.text) {
-    store->text = std::move(text);
+    store->text.swap(original);
   } else if (report == nullptr) {
-    text = Text();
+    original = Text();
     store->text = std::move(*cleaning.text);
   } else {
     // Both texts are needed to find out where a line was in the file.
@@ -22,9 +22,9 @@ VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOption
   ReadRecorder recorder(report != nullptr ? &done : nullptr);
   VCardList cards = readAllCards(store, {&recorder, options.contactsParser}, simpleLines);
   if (report != nullptr) {
-    const TextView original = cleaning.text ? TextView(text) : TextView(store->text);
-    placeDroppedLines(cleaning, original, done.droppedLines);
-    reportRepairs(cleaning, original, done.summaries, done.repairs);
+    const TextView source = cleaning.text ? TextView(original) : TextView(store->text);
+    placeDroppedLines(cleaning, source, done.droppedLines);
+    reportRepairs(cleaning, source, done.summaries, done.repairs);
     *report = std::move(done);
   }
   return cards;

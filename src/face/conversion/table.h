@@ -36,7 +36,7 @@ enum class Form : std::uint8_t {
   preference,
 };
 
-struct Rule {
+struct Rule { // NOLINT(clang-analyzer-optin.performance.Padding): in reading order
   TextView name;
   Action action;
   TextView target{};
