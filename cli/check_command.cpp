@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "io/input.h"
+#include "json/json_text.h"
 #include "reading_options.h"
 #include "text/printable.h"
 
@@ -7,8 +8,6 @@
 #include <cardwright/utf8.h>
 
 #include <CLI/CLI.hpp>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 #include <memory>
 #include <string>
@@ -53,48 +52,33 @@ std::string lineOf(std::string_view file, const Finding& finding) {
 /// The findings of all files as one JSON object.
 class FindingsJson {
  public:
-  FindingsJson() : m_json(m_buffer) {
-    m_json.StartObject();
-    key("findings");
-    m_json.StartArray();
+  FindingsJson() {
+    m_json.writer().StartObject();
+    m_json.key("findings");
+    m_json.writer().StartArray();
   }
 
   void add(std::string_view file, const Finding& finding) {
-    m_json.StartObject();
-    string("file", file);
-    number("line", finding.place.line);
-    number("column", finding.column);
-    number("offset", finding.place.offset);
-    string("severity", wordOf(finding.severity));
-    string("code", finding.code);
-    string("text", finding.text);
-    number("count", finding.count);
-    m_json.EndObject();
+    m_json.writer().StartObject();
+    m_json.string("file", file);
+    m_json.number("line", finding.place.line);
+    m_json.number("column", finding.column);
+    m_json.number("offset", finding.place.offset);
+    m_json.string("severity", wordOf(finding.severity));
+    m_json.string("code", finding.code);
+    m_json.string("text", finding.text);
+    m_json.number("count", finding.count);
+    m_json.writer().EndObject();
   }
 
   [[nodiscard]] std::string finish() {
-    m_json.EndArray();
-    m_json.EndObject();
-    return std::string(m_buffer.GetString(), m_buffer.GetSize()) + "\n";
+    m_json.writer().EndArray();
+    m_json.writer().EndObject();
+    return m_json.line();
   }
 
  private:
-  void key(std::string_view name) {
-    m_json.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
-  }
-  void string(std::string_view name, std::string_view value) {
-    key(name);
-    // Sound UTF-8 is what RapidJSON asks for.
-    const std::string text = utf8FromText(textFromUtf8(value));
-    m_json.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-  }
-  void number(std::string_view name, std::size_t value) {
-    key(name);
-    m_json.Uint64(value);
-  }
-
-  rapidjson::StringBuffer m_buffer;
-  rapidjson::Writer<rapidjson::StringBuffer> m_json;
+  JsonText m_json;
 };
 
 void check(CheckCommandOptions& options, const Session& session) {

@@ -1,51 +1,37 @@
 #include "report/report_json.h"
 
+#include "json/json_text.h"
+
 #include <cardwright/codes.h>
 #include <cardwright/utf8.h>
 
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
 namespace cardwright::tool {
 
-class ReportJson::Writer {
+class ReportJson::Writer : public JsonText {
  public:
-  Writer() : m_json(m_buffer) {
-    m_json.StartObject();
+  Writer() {
+    writer().StartObject();
     key("changes");
-    m_json.StartArray();
+    writer().StartArray();
   }
 
   void begin(std::string_view file, std::string_view step, std::string_view code) {
-    m_json.StartObject();
+    writer().StartObject();
     string("file", file);
     string("step", step);
     string("code", code);
   }
-  void end() { m_json.EndObject(); }
+  void end() { writer().EndObject(); }
 
-  void key(std::string_view name) {
-    m_json.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
-  }
-  void string(std::string_view name, std::string_view value) {
-    key(name);
-    // Sound UTF-8 is what RapidJSON asks for.
-    const std::string text = utf8FromText(textFromUtf8(value));
-    m_json.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-  }
-  void number(std::string_view name, std::size_t value) {
-    key(name);
-    m_json.Uint64(value);
-  }
   void place(const TextPlace& place) {
     number("line", place.line);
     number("offset", place.offset);
   }
 
   std::string finish(const Sums& sums) {
-    m_json.EndArray();
+    writer().EndArray();
     key("sums");
-    m_json.StartObject();
+    writer().StartObject();
     number("cardsIn", sums.cardsIn);
     number("cardsOut", sums.cardsOut);
     number("cardsRepaired", sums.cardsRepaired);
@@ -54,14 +40,10 @@ class ReportJson::Writer {
     number("propertiesOut", sums.propertiesOut);
     number("propertiesMerged", sums.propertiesMerged);
     number("propertiesDropped", sums.propertiesDropped);
-    m_json.EndObject();
-    m_json.EndObject();
-    return std::string(m_buffer.GetString(), m_buffer.GetSize()) + "\n";
+    writer().EndObject();
+    writer().EndObject();
+    return line();
   }
-
- private:
-  rapidjson::StringBuffer m_buffer;
-  rapidjson::Writer<rapidjson::StringBuffer> m_json;
 };
 
 ReportJson::ReportJson() : m_writer(std::make_unique<Writer>()) {}
