@@ -139,8 +139,9 @@ HeaderMarks marksOfHeaderPlainly(TextView text, std::size_t begin) noexcept {
   return marks;
 }
 
-std::size_t endOfLinePlainly(TextView text, std::size_t begin) noexcept {
-  while (begin < text.size() && !isLineTerminator(text[begin])) {
+std::size_t findEitherPlainly(TextView text, std::size_t begin, char one, char other) noexcept {
+  while (begin < text.size() && text[begin] != static_cast<unsigned char>(one) &&
+         text[begin] != static_cast<unsigned char>(other)) {
     ++begin;
   }
   return begin;
@@ -212,13 +213,14 @@ HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
   return marks;
 }
 
-std::size_t endOfLine(TextView text, std::size_t begin) noexcept {
+std::size_t findEither(TextView text, std::size_t begin, char one, char other) noexcept {
   for (; text.size() - begin >= kLanes; begin += kLanes) {
-    if (const Bits terminators = Lanes(text, begin).lineTerminators(); terminators != 0) {
-      return begin + firstOf(terminators);
+    const Lanes lanes(text, begin);
+    if (const Bits found = lanes.equal(one) | lanes.equal(other); found != 0) {
+      return begin + firstOf(found);
     }
   }
-  return endOfLinePlainly(text, begin);
+  return findEitherPlainly(text, begin, one, other);
 }
 
 std::size_t findDoubleCr(TextView text) noexcept {
@@ -246,8 +248,8 @@ HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
   return marksOfHeaderPlainly(text, begin);
 }
 
-std::size_t endOfLine(TextView text, std::size_t begin) noexcept {
-  return endOfLinePlainly(text, begin);
+std::size_t findEither(TextView text, std::size_t begin, char one, char other) noexcept {
+  return findEitherPlainly(text, begin, one, other);
 }
 
 std::size_t findDoubleCr(TextView text) noexcept {

@@ -40,9 +40,16 @@ struct HeaderMarks {
 [[nodiscard]] HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept;
 [[nodiscard]] HeaderMarks marksOfHeaderPlainly(TextView text, std::size_t begin) noexcept;
 
+/// The first place of one of two ASCII characters from `begin` on, or the text's end.
+[[nodiscard]] std::size_t findEither(TextView text, std::size_t begin, char one,
+                                     char other) noexcept;
+[[nodiscard]] std::size_t findEitherPlainly(TextView text, std::size_t begin, char one,
+                                            char other) noexcept;
+
 /// The first CR or LF from `begin` on, or the text's end.
-[[nodiscard]] std::size_t endOfLine(TextView text, std::size_t begin) noexcept;
-[[nodiscard]] std::size_t endOfLinePlainly(TextView text, std::size_t begin) noexcept;
+[[nodiscard]] inline std::size_t endOfLine(TextView text, std::size_t begin) noexcept {
+  return findEither(text, begin, '\r', '\n');
+}
 
 /// The first place where a CR stands before a CR, or npos.
 [[nodiscard]] std::size_t findDoubleCr(TextView text) noexcept;

@@ -3,6 +3,7 @@
 #include "base/ascii.h"
 #include "base/ascii_lanes.h"
 #include "base/utf8_decoder.h"
+#include "base/utf8_lanes.h"
 
 #include <algorithm>
 #include <array>
@@ -57,6 +58,12 @@ void appendUtf8(std::string& output, TextView text) {
     if (block.size() - used < kAsciiBlock) {
       output.append(block.data(), used);
       used = 0;
+    }
+    const EncodedRun run = encodeByLanes(text.substr(at), block.data() + used, block.size() - used);
+    at += run.units;
+    used += run.bytes;
+    if (run.units != 0) {
+      continue;
     }
     if (isAscii(text[at])) {
       const std::size_t room = std::min(text.size() - at, block.size() - used);

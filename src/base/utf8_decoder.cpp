@@ -1,5 +1,7 @@
 #include "base/utf8_decoder.h"
 
+#include "base/utf8_lanes.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -75,6 +77,25 @@ Utf8Sequence utf8SequenceAt(std::string_view utf8, std::size_t at) noexcept {
 }
 
 DecodedRun decodeSoundRun(std::string_view utf8, char16_t* output, std::size_t room) noexcept {
+  std::size_t at = 0;
+  std::size_t units = 0;
+  while (canDecodeByLanes() && utf8.size() - at >= 2 * kByteLanes &&
+         room - units >= 2 * kByteLanes) {
+    const DecodedRun run = decodeByLanes(utf8.substr(at), output + units, room - units);
+    at += run.bytes;
+    units += run.units;
+    // What stopped them is a character that they do not know, or too little of anything.
+    if (utf8.size() - at >= 2 * kByteLanes && room - units >= 2 * kByteLanes &&
+        !decodeSequence(utf8, at, output, units)) {
+      return {at, units};
+    }
+  }
+  const DecodedRun rest = decodeSoundRunPlainly(utf8.substr(at), output + units, room - units);
+  return {at + rest.bytes, units + rest.units};
+}
+
+DecodedRun decodeSoundRunPlainly(std::string_view utf8, char16_t* output,
+                                 std::size_t room) noexcept {
   constexpr std::uint64_t kHighBits = 0x8080808080808080U;
   constexpr std::size_t kWord = sizeof kHighBits;
   const auto* bytes = reinterpret_cast<const unsigned char*>(utf8.data()); // NOLINT: as numbers

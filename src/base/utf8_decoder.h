@@ -32,6 +32,10 @@ struct DecodedRun {
 [[nodiscard]] DecodedRun decodeSoundRun(std::string_view utf8, char16_t* output,
                                         std::size_t room) noexcept;
 
+/// The same without vectors of the processor.
+[[nodiscard]] DecodedRun decodeSoundRunPlainly(std::string_view utf8, char16_t* output,
+                                               std::size_t room) noexcept;
+
 /// Gathers decoded text in a block before it goes into a string: a string cannot grow without
 /// clearing what it grows by.
 class TextGatherer {

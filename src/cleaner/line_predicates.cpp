@@ -4,6 +4,7 @@
 #include "base/case.h"
 #include "base/character_properties.h"
 #include "base/graphemes.h"
+#include "base/scan_lanes.h"
 #include "base/whitespace.h"
 #include "cardwright/vcard_cleaner.h"
 #include "cleaner/characters.h"
@@ -78,11 +79,11 @@ bool consistsOfNameCharacters(TextView name) {
 
 std::size_t firstUnquotedColon(TextView line) {
   bool isQuoted = false;
-  for (std::size_t at = 0; at < line.size(); ++at) {
-    const char16_t unit = line[at];
-    if (unit == u'"') {
+  for (std::size_t at = findEither(line, 0, '"', ':'); at < line.size();
+       at = findEither(line, at + 1, '"', ':')) {
+    if (line[at] == u'"') {
       isQuoted = isQuoted != standsAlone(line, at);
-    } else if (unit == u':' && !isQuoted && standsAlone(line, at)) {
+    } else if (!isQuoted && standsAlone(line, at)) {
       return at;
     }
   }

@@ -26,7 +26,8 @@ TEST(ScanLanes, findWhatThePlainFormsFind) {
     const std::size_t begin = random.below(text.size() + 1);
     ASSERT_EQ(marksOfHeader(text, begin), marksOfHeaderPlainly(text, begin));
     ASSERT_EQ(marksOfValue(text, begin), marksOfValuePlainly(text, begin));
-    ASSERT_EQ(endOfLine(text, begin), endOfLinePlainly(text, begin));
+    ASSERT_EQ(endOfLine(text, begin), findEitherPlainly(text, begin, '\r', '\n'));
+    ASSERT_EQ(findEither(text, begin, '"', ':'), findEitherPlainly(text, begin, '"', ':'));
   }
 }
 

@@ -112,6 +112,82 @@ TEST(TextFromUtf8, agreesWithIcuOnRandomMixturesOfAsciiAndTheRest) {
   }
 }
 
+/// Decodes piece by piece, until nothing more is sound.
+template <typename Decode>
+std::pair<Text, std::size_t> decodedInPieces(std::string_view utf8, std::size_t room,
+                                             Decode decode) {
+  Text text;
+  std::size_t at = 0;
+  for (;;) {
+    Text piece(room + kAsciiBlock, u'\0');
+    const DecodedRun run = decode(utf8.substr(at), piece.data(), room);
+    text.append(piece, 0, run.units);
+    at += run.bytes;
+    if (run.bytes == 0) {
+      return {text, at};
+    }
+  }
+}
+
+TEST(DecodeSoundRun, doesTheSameAsWithoutVectors) {
+  std::mt19937_64 random(testSeed());
+  const std::string pieces[] = {"a",
+                                "bcdefghijklmnopqrstuv",
+                                "\xC3\xA9",
+                                "\xDF\xBF",
+                                "\xE0\xA4\xB9",
+                                "\xED\x9F\xBF",
+                                "\xE2\x82\xAC",
+                                "\xEF\xBF\xBF",
+                                "\xF0\x9F\x98\x80"};
+  for (int round = 0; round < 20000; ++round) {
+    std::string utf8;
+    for (std::size_t i = random() % 60; i > 0; --i) {
+      utf8 += pieces[random() % std::size(pieces)];
+    }
+    for (std::size_t i = random() % 3; i > 0 && !utf8.empty(); --i) {
+      utf8[random() % utf8.size()] = static_cast<char>(random());
+    }
+    const std::size_t room = kAsciiBlock + 1 + random() % 80;
+    ASSERT_EQ(decodedInPieces(utf8, room, decodeSoundRun),
+              decodedInPieces(utf8, room, decodeSoundRunPlainly))
+        << testing::PrintToString(utf8);
+  }
+}
+
+TEST(DecodeSoundRun, seesEveryWrongByteWhereverItStands) {
+  const std::string letters = "a\xC3\xA9z\xE4\xB8\xAD\xF0\x9F\x98\x80";
+  std::string utf8;
+  while (utf8.size() < 64) {
+    utf8 += letters;
+  }
+  for (std::size_t at = 0; at < 48; ++at) {
+    for (unsigned byte = 0; byte < 0x100; ++byte) {
+      std::string broken = utf8;
+      broken[at] = static_cast<char>(byte);
+      ASSERT_EQ(decodedInPieces(broken, 200, decodeSoundRun),
+                decodedInPieces(broken, 200, decodeSoundRunPlainly))
+          << at << ' ' << byte;
+    }
+  }
+}
+
+TEST(Utf8FromText, agreesWithIcuWhereverALongerCharacterStands) {
+  constexpr char16_t kLonger[] = {0x0800, 0x20AC, 0xD83D, 0xDE00, 0xFFFF};
+  for (std::size_t size = 0; size < 40; ++size) {
+    for (std::size_t at = 0; at <= size; ++at) {
+      for (const TextView filling : {u"a", u"é", u"aé", u"ééa", u"aaaaaaaaaß"}) {
+        Text text;
+        while (text.size() < size) {
+          text.append(filling);
+        }
+        text.insert(at, 1, kLonger[at % std::size(kLonger)]);
+        ASSERT_EQ(utf8FromText(text), encodedByIcu(text)) << size << ' ' << at;
+      }
+    }
+  }
+}
+
 TEST(Utf8FromText, agreesWithIcuAndReplacesLoneSurrogates) {
   std::mt19937_64 random(testSeed());
   const Text alphabet = Text(u"aaaaaaaaaaaaé€\uD7FF\uE000\uFFFD") + char16_t{0xD83D} +

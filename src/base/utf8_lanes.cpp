@@ -1,0 +1,237 @@
+#include "base/utf8_lanes.h"
+
+#if defined(__x86_64__) && defined(__GNUC__)
+#define CARDWRIGHT_BYTE_SHUFFLES
+#endif
+
+#ifdef CARDWRIGHT_BYTE_SHUFFLES
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <tmmintrin.h>
+#endif
+
+namespace cardwright {
+
+#ifdef CARDWRIGHT_BYTE_SHUFFLES
+
+namespace {
+
+#define CARDWRIGHT_SHUFFLING __attribute__((target("ssse3,popcnt")))
+
+using Bits = std::uint32_t; ///< one for each lane
+
+/// For each set of eight lanes the shuffle that moves some bytes of a vector to its front.
+using ShuffleTable = std::array<std::array<std::uint8_t, kByteLanes>, 256>;
+
+constexpr std::uint8_t kNoByte = 0x80;
+
+/// Keeps both bytes of the lanes that are in the set, and of the others so many.
+constexpr ShuffleTable shufflesThatKeep(std::size_t bytesOfOthers) {
+  ShuffleTable table{};
+  for (std::size_t set = 0; set < table.size(); ++set) {
+    std::size_t used = 0;
+    for (std::size_t lane = 0; lane < 8; ++lane) {
+      const std::size_t bytes = (set >> lane & 1U) != 0 ? 2 : bytesOfOthers;
+      for (std::size_t byte = 0; byte < bytes; ++byte) {
+        table[set][used++] = static_cast<std::uint8_t>(2 * lane + byte);
+      }
+    }
+    while (used < kByteLanes) {
+      table[set][used++] = kNoByte;
+    }
+  }
+  return table;
+}
+
+constexpr ShuffleTable kKeptUnits = shufflesThatKeep(0);
+constexpr ShuffleTable kKeptBytes = shufflesThatKeep(1);
+
+const bool kCanShuffle = __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("popcnt");
+
+// NOLINTBEGIN(cppcoreguidelines-pro-type-reinterpret-cast): vectors are loaded from anywhere
+template <typename Source>
+__m128i load(const Source* source) noexcept {
+  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(source));
+}
+
+template <typename Target>
+void store(Target* target, __m128i vector) noexcept {
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(target), vector);
+}
+// NOLINTEND(cppcoreguidelines-pro-type-reinterpret-cast)
+
+__m128i sixteen(int value) noexcept {
+  return _mm_set1_epi16(static_cast<short>(value));
+}
+
+Bits bits(__m128i bytes) noexcept {
+  return static_cast<Bits>(_mm_movemask_epi8(bytes));
+}
+
+/// Which bytes are at least as large as one beyond ASCII.
+Bits atLeast(__m128i bytes, int least) noexcept {
+  return bits(_mm_cmpeq_epi8(_mm_max_epu8(bytes, _mm_set1_epi8(static_cast<char>(least))), bytes));
+}
+
+/// Eight units, of which those in the set go to the output.
+CARDWRIGHT_SHUFFLING std::size_t storeKept(char16_t* output, __m128i units, Bits kept) noexcept {
+  store(output, _mm_shuffle_epi8(units, load(kKeptUnits[kept].data())));
+  return static_cast<std::size_t>(std::popcount(kept));
+}
+
+/// Of each lane that is not ASCII, the character of two bytes that it begins.
+__m128i pairs(__m128i first, __m128i second) noexcept {
+  const __m128i both = _mm_or_si128(_mm_slli_epi16(_mm_and_si128(first, sixteen(0x1F)), 6),
+                                    _mm_and_si128(second, sixteen(0x3F)));
+  const __m128i isAscii = _mm_cmplt_epi16(first, sixteen(0x80));
+  return _mm_or_si128(_mm_and_si128(isAscii, first), _mm_andnot_si128(isAscii, both));
+}
+
+/// The same of lanes that begin characters of three bytes; others are as in `shorter`.
+__m128i triples(__m128i first, __m128i second, __m128i third, __m128i shorter) noexcept {
+  const __m128i all =
+      _mm_or_si128(_mm_or_si128(_mm_slli_epi16(first, 12),
+                                _mm_slli_epi16(_mm_and_si128(second, sixteen(0x3F)), 6)),
+                   _mm_and_si128(third, sixteen(0x3F)));
+  const __m128i isTriple = _mm_cmpgt_epi16(first, sixteen(0xDF));
+  return _mm_or_si128(_mm_and_si128(isTriple, all), _mm_andnot_si128(isTriple, shorter));
+}
+
+/// Which units cannot be meant by three bytes: those that need fewer, and surrogates.
+Bits outOfRange(__m128i low, __m128i high) noexcept {
+  const auto isWrong = [](__m128i units) {
+    const __m128i range = _mm_and_si128(units, sixteen(0xF800));
+    return _mm_or_si128(_mm_cmpeq_epi16(range, _mm_setzero_si128()),
+                        _mm_cmpeq_epi16(range, sixteen(0xD800)));
+  };
+  return bits(_mm_packs_epi16(isWrong(low), isWrong(high)));
+}
+
+__m128i lowHalf(__m128i bytes) noexcept {
+  return _mm_unpacklo_epi8(bytes, _mm_setzero_si128());
+}
+
+__m128i highHalf(__m128i bytes) noexcept {
+  return _mm_unpackhi_epi8(bytes, _mm_setzero_si128());
+}
+
+CARDWRIGHT_SHUFFLING DecodedRun decodeShuffling(std::string_view utf8, char16_t* output,
+                                                std::size_t room) noexcept {
+  std::size_t at = 0;
+  std::size_t units = 0;
+  while (utf8.size() - at >= kByteLanes + 2 && room - units >= kByteLanes) {
+    const char* const begin = utf8.data() + at;
+    const __m128i first = load(begin);
+    __m128i low = lowHalf(first);
+    __m128i high = highHalf(first);
+    const Bits beyondAscii = bits(first);
+    if (beyondAscii == 0) {
+      store(output + units, low);
+      store(output + units + kByteLanes / 2, high);
+      at += kByteLanes;
+      units += kByteLanes;
+      continue;
+    }
+    // A character begins at the first byte, so all leads of the bytes behind it are here.
+    const Bits leads = atLeast(first, 0xC0);
+    const Bits leadsOfTriples = atLeast(first, 0xE0);
+    // Characters of four bytes begin with 0xF0 and above; neither 0xC0 nor 0xC1 begins anything.
+    const Bits unknown = atLeast(first, 0xF0) | (leads & ~atLeast(first, 0xC2));
+    // The last character may go on behind these bytes: it waits for the next round.
+    const Bits cut = unknown | (leads & 0x8000U) | (leadsOfTriples & 0x4000U);
+    const Bits firstCut = cut & (0U - cut);
+    const Bits whole = (firstCut - 1U) & 0xFFFFU;
+    const Bits continuations = beyondAscii & ~leads;
+    const Bits expected = (leads << 1U) | (leadsOfTriples << 2U);
+    // What stands at the cut must not be missing to the character before it.
+    if (whole == 0 || ((continuations ^ expected) & (whole | firstCut)) != 0) {
+      break;
+    }
+    const Bits kept = whole & ~continuations;
+    const __m128i second = load(begin + 1);
+    low = pairs(low, lowHalf(second));
+    high = pairs(high, highHalf(second));
+    if (leadsOfTriples != 0) {
+      const __m128i third = load(begin + 2);
+      low = triples(lowHalf(first), lowHalf(second), lowHalf(third), low);
+      high = triples(highHalf(first), highHalf(second), highHalf(third), high);
+      if ((outOfRange(low, high) & leadsOfTriples & kept) != 0) {
+        break;
+      }
+    }
+    units += storeKept(output + units, low, kept & 0xFFU);
+    units += storeKept(output + units, high, kept >> 8U);
+    at += static_cast<std::size_t>(std::popcount(whole));
+  }
+  return {at, units};
+}
+
+CARDWRIGHT_SHUFFLING EncodedRun encodeShuffling(TextView text, char* output,
+                                                std::size_t room) noexcept {
+  constexpr std::size_t kUnits = kByteLanes / 2;
+  std::size_t at = 0;
+  std::size_t bytes = 0;
+  while (text.size() - at >= kUnits && room - bytes >= kByteLanes) {
+    const __m128i units = load(text.data() + at);
+    if (text.size() - at >= 2 * kUnits) {
+      const __m128i next = load(text.data() + at + kUnits);
+      const __m128i high = _mm_and_si128(_mm_or_si128(units, next), sixteen(0xFF80));
+      if (bits(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFFU) {
+        store(output + bytes, _mm_packus_epi16(units, next));
+        at += 2 * kUnits;
+        bytes += 2 * kUnits;
+        continue;
+      }
+    }
+    const __m128i beyondAscii = _mm_cmpgt_epi16(units, sixteen(0x7F));
+    // Units from 0x8000 on are negative to the comparison.
+    const __m128i longer = _mm_and_si128(units, sixteen(0xF800));
+    if (bits(_mm_cmpeq_epi16(longer, _mm_setzero_si128())) != 0xFFFFU) {
+      break;
+    }
+    const __m128i lead = _mm_or_si128(_mm_srli_epi16(units, 6), sixteen(0xC0));
+    const __m128i last = _mm_or_si128(_mm_and_si128(units, sixteen(0x3F)), sixteen(0x80));
+    const __m128i both = _mm_or_si128(lead, _mm_slli_epi16(last, 8));
+    const __m128i lanes =
+        _mm_or_si128(_mm_and_si128(beyondAscii, both), _mm_andnot_si128(beyondAscii, units));
+    const Bits twice = bits(_mm_packs_epi16(beyondAscii, _mm_setzero_si128()));
+    store(output + bytes, _mm_shuffle_epi8(lanes, load(kKeptBytes[twice].data())));
+    at += kUnits;
+    bytes += kUnits + static_cast<std::size_t>(std::popcount(twice));
+  }
+  return {at, bytes};
+}
+
+} // namespace
+
+bool canDecodeByLanes() noexcept {
+  return kCanShuffle;
+}
+
+DecodedRun decodeByLanes(std::string_view utf8, char16_t* output, std::size_t room) noexcept {
+  return kCanShuffle ? decodeShuffling(utf8, output, room) : DecodedRun{};
+}
+
+EncodedRun encodeByLanes(TextView text, char* output, std::size_t room) noexcept {
+  return kCanShuffle ? encodeShuffling(text, output, room) : EncodedRun{};
+}
+
+#else
+
+bool canDecodeByLanes() noexcept {
+  return false;
+}
+
+DecodedRun decodeByLanes(std::string_view /*utf8*/, char16_t* /*output*/,
+                         std::size_t /*room*/) noexcept {
+  return {};
+}
+
+EncodedRun encodeByLanes(TextView /*text*/, char* /*output*/, std::size_t /*room*/) noexcept {
+  return {};
+}
+
+#endif
+
+} // namespace cardwright
