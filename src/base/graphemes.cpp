@@ -2,6 +2,7 @@
 
 #include "base/ascii.h"
 #include "base/fatal.h"
+#include "base/never_joining.h"
 
 #include <unicode/ubrk.h>
 #include <unicode/uchar.h>
@@ -12,12 +13,6 @@
 namespace cardwright {
 
 namespace {
-
-/// Characters of which no two ever join, CR LF aside: letters and signs without marks, joiners,
-/// jamo, or prepended signs among them.
-bool neverJoins(char16_t unit) noexcept {
-  return unit < 0x300 || (unit >= 0x370 && unit <= 0x482) || (unit >= 0x4E00 && unit <= 0x9FFF);
-}
 
 /// What two neighbouring code points say about the place between them.
 enum class Link {
@@ -176,6 +171,17 @@ std::size_t GraphemeWalker::nextInRun() {
     offset = ubrk_next(shared.iterator.get());
   }
   return shared.runBegin + static_cast<std::size_t>(offset);
+}
+
+std::size_t certainBoundaryBefore(TextView text, std::size_t begin, std::size_t position) {
+  while (position > begin) {
+    const Link link = linkAt(text, position);
+    if (link != Link::joined) {
+      return link == Link::broken ? position : begin;
+    }
+    --position;
+  }
+  return begin;
 }
 
 std::size_t endOfCharacter(TextView text, std::size_t position) {

@@ -34,6 +34,11 @@ class GraphemeWalker {
 /// End of the character that begins at `position`, a character boundary before the text's end.
 [[nodiscard]] std::size_t endOfCharacter(TextView text, std::size_t position);
 
+/// The last character boundary behind `begin` up to `position`, which is before the text's end;
+/// `begin` when there is none, or when what stands between the two does not tell.
+[[nodiscard]] std::size_t certainBoundaryBefore(TextView text, std::size_t begin,
+                                                std::size_t position);
+
 /// Start of the last character of a text that is not empty.
 [[nodiscard]] std::size_t startOfLastCharacter(TextView text);
 

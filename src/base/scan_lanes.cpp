@@ -20,6 +20,13 @@ constexpr bool isOddInHeader(char16_t unit) noexcept {
   return unit == u'"' || unit == u'\\' || unit == u'&' || unit == u'\0' || !isAscii(unit);
 }
 
+constexpr char16_t kFirstUncertain = 0xD7FF;
+
+constexpr bool isUnplain(char16_t unit) noexcept {
+  return unit < u' ' || unit == u',' || unit == u';' || unit == u'\\' || unit == 0x7F ||
+         unit >= kFirstUncertain;
+}
+
 /// Whether a ";" or "=" lacks what should stand behind it: a parameter's name or value.
 constexpr bool isGap(char16_t sign, char16_t next) noexcept {
   return (sign == u';' && (next == u';' || next == u'=' || next == u':')) ||
@@ -66,11 +73,16 @@ constexpr std::size_t kLanes = 16;
 /// One bit for each lane.
 using Bits = unsigned;
 
+__m128i loadUnits(const char16_t* units) noexcept {
+  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(units)); // NOLINT: unaligned by design
+}
+
 /// Sixteen units as bytes. Units beyond a byte become 0xFF or 0, which are no signs of the syntax.
 class Lanes {
  public:
   Lanes(TextView text, std::size_t at) noexcept
-      : m_units(_mm_packus_epi16(load(text.data() + at), load(text.data() + at + kLanes / 2))) {}
+      : m_units(_mm_packus_epi16(loadUnits(text.data() + at),
+                                 loadUnits(text.data() + at + kLanes / 2))) {}
 
   [[nodiscard]] Bits equal(char sign) const noexcept { return bits(isEqual(sign)); }
 
@@ -100,9 +112,6 @@ class Lanes {
   }
 
  private:
-  static __m128i load(const char16_t* units) noexcept {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(units)); // NOLINT: unaligned by design
-  }
   static Bits bits(__m128i lanes) noexcept { return static_cast<Bits>(_mm_movemask_epi8(lanes)); }
   [[nodiscard]] __m128i isEqual(char sign) const noexcept {
     return _mm_cmpeq_epi8(m_units, _mm_set1_epi8(sign));
@@ -142,6 +151,13 @@ HeaderMarks marksOfHeaderPlainly(TextView text, std::size_t begin) noexcept {
 std::size_t findEitherPlainly(TextView text, std::size_t begin, char one, char other) noexcept {
   while (begin < text.size() && text[begin] != static_cast<unsigned char>(one) &&
          text[begin] != static_cast<unsigned char>(other)) {
+    ++begin;
+  }
+  return begin;
+}
+
+std::size_t findUnplainPlainly(TextView text, std::size_t begin) noexcept {
+  while (begin < text.size() && !isUnplain(text[begin])) {
     ++begin;
   }
   return begin;
@@ -223,6 +239,27 @@ std::size_t findEither(TextView text, std::size_t begin, char one, char other) n
   return findEitherPlainly(text, begin, one, other);
 }
 
+std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
+  constexpr std::size_t kUnits = kLanes / 2;
+  const auto all = [](int unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
+  // With the highest bit turned around, signed comparisons give the order of units.
+  const auto turned = [&](int unit) { return all(unit ^ 0x8000); };
+  for (; text.size() - begin >= kUnits; begin += kUnits) {
+    const __m128i units = loadUnits(text.data() + begin);
+    const __m128i ordered = _mm_xor_si128(units, all(0x8000));
+    const __m128i outside = _mm_or_si128(_mm_cmplt_epi16(ordered, turned(u' ')),
+                                         _mm_cmpgt_epi16(ordered, turned(kFirstUncertain - 1)));
+    const __m128i signs = _mm_or_si128(
+        _mm_or_si128(_mm_cmpeq_epi16(units, all(u',')), _mm_cmpeq_epi16(units, all(u';'))),
+        _mm_or_si128(_mm_cmpeq_epi16(units, all(u'\\')), _mm_cmpeq_epi16(units, all(0x7F))));
+    const auto found = static_cast<Bits>(_mm_movemask_epi8(_mm_or_si128(outside, signs)));
+    if (found != 0) {
+      return begin + firstOf(found) / 2;
+    }
+  }
+  return findUnplainPlainly(text, begin);
+}
+
 std::size_t findDoubleCr(TextView text) noexcept {
   std::size_t at = 0;
   for (; text.size() - at > kLanes; at += kLanes) {
@@ -239,6 +276,10 @@ std::size_t findDoubleCr(TextView text) noexcept {
 }
 
 #else
+
+std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
+  return findUnplainPlainly(text, begin);
+}
 
 ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
   return marksOfValuePlainly(text, begin);

@@ -46,6 +46,11 @@ struct HeaderMarks {
 [[nodiscard]] std::size_t findEitherPlainly(TextView text, std::size_t begin, char one,
                                             char other) noexcept;
 
+/// The first unit from `begin` on that a text value may not hold as it is, or the text's end: ","
+/// ";" and "\", controls, DEL, and units from 0xD7FF on, among them the surrogates.
+[[nodiscard]] std::size_t findUnplain(TextView text, std::size_t begin) noexcept;
+[[nodiscard]] std::size_t findUnplainPlainly(TextView text, std::size_t begin) noexcept;
+
 /// The first CR or LF from `begin` on, or the text's end.
 [[nodiscard]] inline std::size_t endOfLine(TextView text, std::size_t begin) noexcept {
   return findEither(text, begin, '\r', '\n');

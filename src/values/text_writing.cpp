@@ -1,3 +1,4 @@
+#include "base/scan_lanes.h"
 #include "cardwright/vcard_utils.h"
 #include "values/valid_xml.h"
 
@@ -41,25 +42,6 @@ Writing writingAt(TextView text, std::size_t at) noexcept {
   return unit < kFirstUncertain || invalidLengthAt(text, at) == 0 ? Writing::plain : Writing::drop;
 }
 
-/// How many units from `at` on surely stand for themselves, looking at a block at a time.
-std::size_t plainBlocksAt(TextView text, std::size_t at) noexcept {
-  constexpr std::size_t kBlock = 16;
-  std::size_t plain = 0;
-  for (; text.size() - at - plain >= kBlock; plain += kBlock) {
-    unsigned others = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-      const char16_t unit = text[at + plain + i];
-      const bool isPlain =
-          unit >= u' ' && unit != u',' && unit != u';' && unit != u'\\' && unit < 0x7F;
-      others |= isPlain ? 0U : 1U;
-    }
-    if (others != 0) {
-      break;
-    }
-  }
-  return plain;
-}
-
 /// Whether the next character that is written is a line feed.
 bool lineFeedFollows(TextView text, std::size_t at) noexcept {
   while (at < text.size() && text[at] != u'\n') {
@@ -79,7 +61,7 @@ void VCardUtils::writeTextValue(std::optional<TextView> text, Text& output, bool
     return;
   }
   std::size_t copied = 0;
-  for (std::size_t at = plainBlocksAt(*text, 0); at < text->size();) {
+  for (std::size_t at = findUnplain(*text, 0); at < text->size(); at = findUnplain(*text, at)) {
     const Writing writing = writingAt(*text, at);
     if (writing == Writing::plain || (writing == Writing::escapeSemicolon && !escapeSemicolons)) {
       at += isHighSurrogate((*text)[at]) ? 2 : 1; // A valid one begins a pair.
@@ -104,7 +86,6 @@ void VCardUtils::writeTextValue(std::optional<TextView> text, Text& output, bool
     }
     at += writing == Writing::drop ? invalidLengthAt(*text, at) : 1;
     copied = at;
-    at += plainBlocksAt(*text, at);
   }
   output.append(*text, copied);
 }

@@ -12,44 +12,76 @@ namespace cardwright {
 
 namespace {
 
-/// Properties of one name by their group, without regard to its case. The index is ordered, not
-/// hashed: no file may choose groups that all share a hash.
+/// Properties of one name by their group, without regard to its case.
 class GroupIndex {
  public:
-  explicit GroupIndex(const std::shared_ptr<VCardPropertyList>& properties) {
+  /// @param properties null for none
+  explicit GroupIndex(const VCardPropertyList* properties) {
     if (properties == nullptr) {
       return;
     }
     for (const std::shared_ptr<VCardProperty>& property : *properties) {
       if (property != nullptr && property->group()) {
-        m_members.push_back({caseFolded(*property->group()), property.get()});
+        m_members.push_back({*property->group(), property.get()});
       }
     }
-    std::stable_sort(m_members.begin(), m_members.end(),
-                     [](const Member& a, const Member& b) { return a.group < b.group; });
+    if (m_members.size() > kFew) {
+      sort();
+    }
   }
 
   void generate(TextView group, Text& output, VersionCode version, DateFormatter* formatter) const {
-    if (m_members.empty()) {
+    if (m_sorted.empty()) {
+      for (const Member& member : m_members) {
+        if (equalIgnoringCase(member.group, group)) {
+          member.property->generate(output, version, formatter);
+        }
+      }
       return;
     }
     const Text folded = caseFolded(group);
     auto member = std::lower_bound(
-        m_members.begin(), m_members.end(), folded,
-        [](const Member& candidate, const Text& wanted) { return candidate.group < wanted; });
-    for (; member != m_members.end() && member->group == folded; ++member) {
+        m_sorted.begin(), m_sorted.end(), folded,
+        [](const FoldedMember& candidate, const Text& wanted) { return candidate.group < wanted; });
+    for (; member != m_sorted.end() && member->group == folded; ++member) {
       member->property->generate(output, version, formatter);
     }
   }
 
  private:
   struct Member {
-    Text group; ///< folded
+    TextView group;
+    const VCardProperty* property;
+  };
+  struct FoldedMember {
+    Text group;
     const VCardProperty* property;
   };
 
+  /// So many are compared one by one.
+  static constexpr std::size_t kFew = 8;
+
+  /// In order, not by hash: no file may choose groups that all share one.
+  void sort() {
+    for (const Member& member : m_members) {
+      m_sorted.push_back({caseFolded(member.group), member.property});
+    }
+    std::stable_sort(m_sorted.begin(), m_sorted.end(),
+                     [](const auto& a, const auto& b) { return a.group < b.group; });
+  }
+
   std::vector<Member> m_members;
+  std::vector<FoldedMember> m_sorted; ///< only of many
 };
+
+constexpr TextView kLabelKey = u"X-ABLABEL";
+constexpr TextView kAddressFormatKey = u"X-ABADR";
+
+const VCardPropertyList*
+propertiesIn(const detail::KeyedList<std::shared_ptr<VCardPropertyList>>& store, TextView key) {
+  const std::shared_ptr<VCardPropertyList>* list = store.find(key);
+  return list != nullptr ? list->get() : nullptr;
+}
 
 /// Written only behind the properties that they describe.
 bool isCompanion(const VCardProperty& property) {
@@ -72,12 +104,14 @@ TextList VCard::propertiesInSortOrder() const {
 }
 
 void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
-  const GroupIndex labels(propertiesWithName(cVCardProperty_X_ABLabel));
-  const GroupIndex addressFormats(propertiesWithName(cVCardProperty_X_ABADR));
+  const PropertyStore& store = properties();
+  const GroupIndex labels(propertiesIn(store, kLabelKey));
+  const GroupIndex addressFormats(propertiesIn(store, kAddressFormatKey));
 
   VCardUtilities::appendCRLF(output, cVCardComponent_BEGINVCARD);
-  for (const auto& entry : inWrittenOrder(properties(), propertyRank)) {
-    for (const std::shared_ptr<VCardProperty>& property : **entry.value) {
+  const WrittenOrder order(store, propertyRank);
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    for (const std::shared_ptr<VCardProperty>& property : **order[place].value) {
       if (property == nullptr || isCompanion(*property) || isEmptyPhoto(*property)) {
         continue;
       }

@@ -7,6 +7,15 @@
 
 namespace cardwright {
 
+namespace {
+
+bool describesEncoding(TextView parameterKey) {
+  return equalIgnoringCase(parameterKey, cVCardParameter_ENCODING) ||
+         equalIgnoringCase(parameterKey, cVCardParameter_CHARSET);
+}
+
+} // namespace
+
 TextList VCardProperty::parametersInSortOrder() const {
   return keysInWrittenOrder(m_parameters, parameterRank);
 }
@@ -35,19 +44,27 @@ void VCardProperty::generate(Text& output, VersionCode version, DateFormatter* f
   }
   output.append(name());
 
-  const std::optional<TextView> encoding = valueOfParameterWithName(cVCardParameter_ENCODING);
+  const std::optional<TextView> encoding =
+      m_parameters.empty() ? std::nullopt : valueOfParameterWithKey(cVCardParameter_ENCODING);
   const bool isQuotedPrintable =
       m_value != nullptr && m_value->quotedPrintable() && encoding &&
       equalIgnoringCase(*encoding, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
-  for (const auto& [rank, head, key, stored] : inWrittenOrder(m_parameters, parameterRank)) {
-    const bool described = equalIgnoringCase(key, cVCardParameter_ENCODING) ||
-                           equalIgnoringCase(key, cVCardParameter_CHARSET);
-    const std::shared_ptr<VCardParameter>& parameter = *stored;
-    if (parameter == nullptr || (isQuotedPrintable && described)) {
-      continue;
+  const auto write = [&](TextView key, const VCardParameter* parameter) {
+    const bool isLeftOut = isQuotedPrintable && describesEncoding(key);
+    if (parameter != nullptr && !isLeftOut) {
+      output.push_back(u';');
+      parameter->generate(output, version, formatter);
     }
-    output.push_back(u';');
-    parameter->generate(output, version, formatter);
+  };
+  if (m_parameters.size() <= 1) {
+    for (const auto& [key, parameter] : m_parameters.entries()) {
+      write(key.view(), parameter.get());
+    }
+  } else {
+    const WrittenOrder order(m_parameters, parameterRank);
+    for (std::size_t place = 0; place < order.size(); ++place) {
+      write(order[place].key, order[place].value->get());
+    }
   }
   if (version == 2 && isQuotedPrintable) {
     // The value is written decoded; readers of 2.1 are told in which character set.

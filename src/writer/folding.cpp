@@ -18,13 +18,14 @@ bool areSingleByteCharacters(TextView text, std::size_t units) noexcept {
                      [](char16_t unit) { return isAscii(unit) && unit != u'\r'; });
 }
 
-/// Looks at all units, whatever the first ones are: the compiler makes vector instructions of it.
-bool isAsciiText(TextView text) noexcept {
-  unsigned all = 0;
+/// How many bytes a text takes at most: halves of pairs count as if they stood alone. The compiler
+/// makes vector instructions of it.
+std::size_t mostBytes(TextView text) noexcept {
+  std::size_t bytes = text.size();
   for (const char16_t unit : text) {
-    all |= unit;
+    bytes += (unit >= 0x80 ? 1U : 0U) + (unit >= 0x800 ? 1U : 0U);
   }
-  return all < 0x80;
+  return bytes;
 }
 
 std::size_t utf8Length(TextView text) noexcept {
@@ -53,13 +54,32 @@ class LineCutter {
     if (rest.size() <= limit / 3) {
       length = rest.size();
     } else if (!areSingleByteCharacters(rest, limit)) {
-      length = walk(limit) - m_begin;
+      length = lengthWithin(limit);
     }
     m_begin += length;
     return rest.substr(0, length);
   }
 
  private:
+  /// How many units from m_begin on are characters that fit. Most often the first unit that does
+  /// not fit and those before it tell where a character ends.
+  std::size_t lengthWithin(std::size_t limit) {
+    std::size_t end = m_begin;
+    for (std::size_t bytes = 0; end < m_line.size();) {
+      const char32_t codePoint = codePointAt(m_line, end);
+      bytes += cardwright::utf8Length(codePoint);
+      if (bytes > limit) {
+        break;
+      }
+      end += unitLength(codePoint);
+    }
+    if (end < m_line.size()) {
+      const std::size_t boundary = certainBoundaryBefore(m_line, m_begin, end);
+      end = boundary != m_begin ? boundary : walk(limit);
+    }
+    return end - m_begin;
+  }
+
   /// Where the characters from m_begin on end that fit.
   std::size_t walk(std::size_t limit) {
     if (m_walked < m_begin) {
@@ -112,9 +132,9 @@ void appendFolded(Text& output, TextView line) {
 
 void foldTail(Text& text, std::size_t begin) {
   const TextView line = TextView(text).substr(begin);
-  const bool fits =
-      line.size() <= kLineBytes &&
-      (line.size() <= kLineBytes / 3 || isAsciiText(line) || utf8Length(line) <= kLineBytes);
+  const bool fits = line.size() <= kLineBytes &&
+                    (line.size() <= kLineBytes / 3 || mostBytes(line) <= kLineBytes ||
+                     utf8Length(line) <= kLineBytes);
   if (fits) {
     text.append(kCrLf);
     return;

@@ -39,40 +39,68 @@ struct RankedEntry {
   }
 };
 
-inline constexpr std::size_t kFewEntries = 32;
-
 /// The entries of a dictionary as they are written: by rank, then by the code units of their keys.
+/// A few, as most cards and properties have, are put in order without an allocation.
 template <typename Value>
-[[nodiscard]] std::vector<RankedEntry<Value>> inWrittenOrder(const detail::KeyedList<Value>& list,
-                                                             int (*rankOf)(TextView)) {
-  std::vector<RankedEntry<Value>> ranked;
-  ranked.reserve(list.size());
-  for (const auto& entry : list.entries()) {
+class WrittenOrder {
+ public:
+  using Entry = RankedEntry<Value>;
+
+  WrittenOrder(const detail::KeyedList<Value>& list, int (*rankOf)(TextView)) {
+    const auto& entries = list.entries();
+    if (entries.size() > m_few.size()) {
+      m_many.reserve(entries.size());
+      for (const auto& entry : entries) {
+        m_many.push_back(rankedEntry(entry, rankOf));
+      }
+      // By merging: names with ascending numbers, as devices and hostile files have them, make a
+      // quicksort compare several times as often.
+      std::stable_sort(m_many.begin(), m_many.end());
+      return;
+    }
+    for (const auto& entry : entries) {
+      m_few[m_count] = rankedEntry(entry, rankOf);
+      std::size_t place = m_count;
+      for (; place > 0 && m_few[m_count] < m_few[m_places[place - 1]]; --place) {
+        m_places[place] = m_places[place - 1];
+      }
+      m_places[place] = static_cast<std::uint8_t>(m_count);
+      ++m_count;
+    }
+  }
+
+  [[nodiscard]] std::size_t size() const noexcept {
+    return m_many.empty() ? m_count : m_many.size();
+  }
+  /// The entry that is written at this place.
+  [[nodiscard]] const Entry& operator[](std::size_t place) const noexcept {
+    return m_many.empty() ? m_few[m_places[place]] : m_many[place];
+  }
+
+ private:
+  static Entry rankedEntry(const typename detail::KeyedList<Value>::Entry& entry,
+                           int (*rankOf)(TextView)) {
     const TextView key = entry.key.view();
-    ranked.push_back({rankOf(key), keyHead(key), key, &entry.value});
+    return {rankOf(key), keyHead(key), key, &entry.value};
   }
-  if (ranked.size() > kFewEntries) {
-    // By merging: names with ascending numbers, as devices and hostile files have them, make a
-    // quicksort compare several times as often.
-    std::stable_sort(ranked.begin(), ranked.end());
-    return ranked;
-  }
-  for (std::size_t i = 1; i < ranked.size(); ++i) {
-    // Merging would allocate, which costs more than putting a few into their places.
-    const auto place = ranked.begin() + static_cast<std::ptrdiff_t>(i);
-    std::rotate(std::upper_bound(ranked.begin(), place, *place), place, place + 1);
-  }
-  return ranked;
-}
+
+  static constexpr std::size_t kFew = 32;
+
+  std::array<Entry, kFew> m_few;           // NOLINT: filled as far as m_count tells
+  std::array<std::uint8_t, kFew> m_places; // NOLINT: filled likewise; numbers of the few in order
+  std::size_t m_count = 0;
+  std::vector<Entry> m_many;
+};
 
 /// Only the keys.
 template <typename Value>
 [[nodiscard]] TextList keysInWrittenOrder(const detail::KeyedList<Value>& list,
                                           int (*rankOf)(TextView)) {
+  const WrittenOrder<Value> order(list, rankOf);
   TextList keys;
-  keys.reserve(list.size());
-  for (const auto& entry : inWrittenOrder(list, rankOf)) {
-    keys.emplace_back(entry.key);
+  keys.reserve(order.size());
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    keys.emplace_back(order[place].key);
   }
   return keys;
 }

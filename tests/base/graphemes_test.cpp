@@ -1,5 +1,6 @@
 #include "base/ascii.h"
 #include "base/graphemes.h"
+#include "base/never_joining.h"
 #include "support/code_point_name.h"
 #include "support/seed.h"
 #include "support/text_printer.h"
@@ -222,46 +223,35 @@ TEST(GraphemeWalker, worksInSeveralThreadsAtOnce) {
   EXPECT_EQ(wrong, std::vector<int>(4));
 }
 
-// The units that the walker takes for certain not to join one another.
-bool isTakenForCertain(char16_t unit) {
-  return unit < 0x300 || (unit >= 0x370 && unit <= 0x482) || (unit >= 0x4E00 && unit <= 0x9FFF);
-}
-
 TEST(Graphemes, knowUnitsThatNeverJoin) {
   for (char32_t c = 0; c < 0x10000; ++c) {
-    if (!isTakenForCertain(static_cast<char16_t>(c))) {
+    if (!neverJoins(static_cast<char16_t>(c))) {
       continue;
     }
     const auto property =
         u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_GRAPHEME_CLUSTER_BREAK);
-    EXPECT_TRUE(property == U_GCB_OTHER || property == U_GCB_CONTROL || c == u'\r' || c == u'\n')
+    EXPECT_TRUE(property == U_GCB_OTHER || property == U_GCB_CONTROL || property == U_GCB_LV ||
+                property == U_GCB_LVT || c == u'\r' || c == u'\n')
         << codePointName(c);
   }
 }
 
 TEST(Graphemes, neverJoinAnyPairOfSuchUnits) {
-  // Every pair of those below U+4E00, and every one of the ideographs with its neighbour and with
-  // units of each kind.
-  std::vector<char16_t> few;
-  for (char16_t unit = 0; unit < 0x4E00; ++unit) {
-    if (isTakenForCertain(unit)) {
-      few.push_back(unit);
-    }
+  // Each of them with itself, with its neighbours and with units of each kind.
+  TextList others = {Text(1, u'\0'), u"\n", u"\r", u"a", u"\u00A9", u"\u00AD"};
+  for (const UnitRange& range : kNeverJoining) {
+    others.emplace_back(1, range.first);
+    others.emplace_back(1, range.last);
   }
   Text text;
-  for (const char16_t first : few) {
-    for (const char16_t second : few) {
-      if (!(first == u'\r' && second == u'\n') && !(first == u'\n' && second == u'\r')) {
-        text += first;
-        text += second;
+  for (const UnitRange& range : kNeverJoining) {
+    for (std::size_t unit = range.first; unit <= range.last; ++unit) {
+      for (const Text& other : others) {
+        const auto self = static_cast<char16_t>(unit);
+        if (self != u'\r' && self != u'\n') {
+          text.append({self, self}).append(other).append({self, u' '});
+        }
       }
-    }
-    text += u'a';
-  }
-  for (char16_t ideograph = 0x4E00; ideograph <= 0x9FFF; ++ideograph) {
-    for (const char16_t other :
-         {u'\0', u'\n', u'\r', u'a', u'\u00A9', u'\u00AD', u'\u0378', ideograph}) {
-      text += {ideograph, other, ideograph};
     }
   }
   const std::vector<std::size_t> boundaries = boundariesByIcu(text);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdint>
 
 namespace cardwright {
 namespace {
@@ -26,8 +27,21 @@ TEST(ScanLanes, findWhatThePlainFormsFind) {
     const std::size_t begin = random.below(text.size() + 1);
     ASSERT_EQ(marksOfHeader(text, begin), marksOfHeaderPlainly(text, begin));
     ASSERT_EQ(marksOfValue(text, begin), marksOfValuePlainly(text, begin));
+    ASSERT_EQ(findUnplain(text, begin), findUnplainPlainly(text, begin));
     ASSERT_EQ(endOfLine(text, begin), findEitherPlainly(text, begin, '\r', '\n'));
     ASSERT_EQ(findEither(text, begin, '"', ':'), findEitherPlainly(text, begin, '"', ':'));
+  }
+}
+
+TEST(ScanLanes, findEveryUnplainUnitWhereverItStands) {
+  for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+    const bool isUnplain = unit < 0x20 || unit == u',' || unit == u';' || unit == u'\\' ||
+                           unit == 0x7F || unit >= 0xD7FF;
+    const std::size_t at = unit % 12;
+    Text text(12, u'a');
+    text[at] = static_cast<char16_t>(unit);
+    ASSERT_EQ(findUnplain(text, 0), isUnplain ? at : text.size()) << unit;
+    ASSERT_EQ(findUnplainPlainly(text, 0), isUnplain ? at : text.size()) << unit;
   }
 }
 

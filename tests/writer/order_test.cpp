@@ -86,8 +86,9 @@ TEST(Order, keepsTheValuesOfADictionaryWithTheirKeys) {
     list.add(detail::TextStorage(key), ++number);
   }
   std::vector<int> values;
-  for (const auto& entry : inWrittenOrder(list, propertyRank)) {
-    values.push_back(*entry.value);
+  const WrittenOrder order(list, propertyRank);
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    values.push_back(*order[place].value);
   }
   EXPECT_EQ(values, (std::vector<int>{4, 2, 3, 1}));
   EXPECT_EQ(keysInWrittenOrder(list, parameterRank), (TextList{u"N", u"TEL", u"a", u"b"}));
