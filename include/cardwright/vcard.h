@@ -159,6 +159,8 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
                             Arena * arena);
 
   [[nodiscard]] const VCardProperty* firstPropertyWithKey(TextView key) const;
+  /// Asks the processor for the memory that writing will look at.
+  static void fetchProperties(const PropertyStore& store) noexcept;
 
   mutable PropertyStore m_properties;
   mutable detail::UnreadLines m_unread;
