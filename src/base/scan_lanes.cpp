@@ -2,7 +2,9 @@
 
 #include "base/ascii.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstdint>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -163,7 +165,41 @@ std::size_t findUnplainPlainly(TextView text, std::size_t begin) noexcept {
   return begin;
 }
 
+std::size_t mostUtf8BytesPlainly(TextView text) noexcept {
+  std::size_t bytes = 0;
+  for (const char16_t unit : text) {
+    bytes += unit < 0x80 ? 1U : unit < 0x800 ? 2U : 3U;
+  }
+  return bytes;
+}
+
 #if defined(__SSE2__)
+
+std::size_t mostUtf8Bytes(TextView text) noexcept {
+  constexpr std::size_t kUnits = kLanes / 2;
+  // Counters of 16 bits, which grow by two at most with each block.
+  constexpr std::size_t kMostBlocks = 0x3FFF;
+  const auto isAtMost = [](__m128i units, int most) {
+    const __m128i beyond = _mm_subs_epu16(units, _mm_set1_epi16(static_cast<short>(most)));
+    return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
+  };
+  std::size_t saved = 0;
+  std::size_t at = 0;
+  while (text.size() - at >= kUnits) {
+    const std::size_t blocks = std::min((text.size() - at) / kUnits, kMostBlocks);
+    __m128i counts = _mm_setzero_si128();
+    for (std::size_t block = 0; block < blocks; ++block, at += kUnits) {
+      const __m128i units = loadUnits(text.data() + at);
+      // A comparison that holds is -1.
+      counts = _mm_sub_epi16(counts, _mm_add_epi16(isAtMost(units, 0x7F), isAtMost(units, 0x7FF)));
+    }
+    const __m128i sums = _mm_madd_epi16(counts, _mm_set1_epi16(1));
+    const __m128i halves = _mm_add_epi32(sums, _mm_srli_si128(sums, 8));
+    saved += static_cast<std::uint32_t>(
+        _mm_cvtsi128_si32(_mm_add_epi32(halves, _mm_srli_si128(halves, 4))));
+  }
+  return 3 * at - saved + mostUtf8BytesPlainly(text.substr(at));
+}
 
 ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
   ValueMarks marks;
@@ -276,6 +312,10 @@ std::size_t findDoubleCr(TextView text) noexcept {
 }
 
 #else
+
+std::size_t mostUtf8Bytes(TextView text) noexcept {
+  return mostUtf8BytesPlainly(text);
+}
 
 std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   return findUnplainPlainly(text, begin);

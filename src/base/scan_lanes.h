@@ -40,6 +40,10 @@ struct HeaderMarks {
 [[nodiscard]] HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept;
 [[nodiscard]] HeaderMarks marksOfHeaderPlainly(TextView text, std::size_t begin) noexcept;
 
+/// How many bytes of UTF-8 a text takes, where halves of pairs count as if they stood alone: three.
+[[nodiscard]] std::size_t mostUtf8Bytes(TextView text) noexcept;
+[[nodiscard]] std::size_t mostUtf8BytesPlainly(TextView text) noexcept;
+
 /// The first place of one of two ASCII characters from `begin` on, or the text's end.
 [[nodiscard]] std::size_t findEither(TextView text, std::size_t begin, char one,
                                      char other) noexcept;

@@ -2,6 +2,7 @@
 
 #include "base/ascii.h"
 #include "base/graphemes.h"
+#include "base/scan_lanes.h"
 
 #include <algorithm>
 
@@ -16,16 +17,6 @@ bool areSingleByteCharacters(TextView text, std::size_t units) noexcept {
   return text.size() > units &&
          std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(units + 1),
                      [](char16_t unit) { return isAscii(unit) && unit != u'\r'; });
-}
-
-/// How many bytes a text takes at most: halves of pairs count as if they stood alone. The compiler
-/// makes vector instructions of it.
-std::size_t mostBytes(TextView text) noexcept {
-  std::size_t bytes = text.size();
-  for (const char16_t unit : text) {
-    bytes += (unit >= 0x80 ? 1U : 0U) + (unit >= 0x800 ? 1U : 0U);
-  }
-  return bytes;
 }
 
 std::size_t utf8Length(TextView text) noexcept {
@@ -133,7 +124,7 @@ void appendFolded(Text& output, TextView line) {
 void foldTail(Text& text, std::size_t begin) {
   const TextView line = TextView(text).substr(begin);
   const bool fits = line.size() <= kLineBytes &&
-                    (line.size() <= kLineBytes / 3 || mostBytes(line) <= kLineBytes ||
+                    (line.size() <= kLineBytes / 3 || mostUtf8Bytes(line) <= kLineBytes ||
                      utf8Length(line) <= kLineBytes);
   if (fits) {
     text.append(kCrLf);

@@ -1,7 +1,6 @@
 #include "writer/order.h"
 
-#include <bit>
-#include <cstring>
+#include <algorithm>
 
 namespace cardwright {
 
@@ -26,37 +25,48 @@ constexpr Rank kParameterRanks[] = {
 template <std::size_t N>
 int rankOf(const Rank (&ranks)[N], TextView name) noexcept {
   for (const Rank& rank : ranks) {
-    if (rank.name == name) {
+    if (rank.name.size() == name.size() && rank.name.front() == name.front() && rank.name == name) {
       return rank.rank;
     }
   }
   return 0;
 }
 
-constexpr std::size_t kUnitsOfANumber = 4;
+constexpr unsigned kByteBits = 8;
+constexpr std::size_t kFirstUnits = 7;
+constexpr std::size_t kFurtherUnits = 8;
 
-/// The units of a key from `at` on as a number that compares like them.
-std::uint64_t numberOf(TextView key, std::size_t at) noexcept {
-  std::uint64_t number = 0;
-  if (key.size() >= at + kUnitsOfANumber && std::endian::native == std::endian::little) {
-    std::memcpy(&number, key.data() + at, sizeof number);
-    number = number << 32U | number >> 32U;
-    return (number & 0x0000FFFF0000FFFFU) << 16U | (number >> 16U & 0x0000FFFF0000FFFFU);
+constexpr char16_t kBeyondAscii = 0x80;
+
+/// So many units of a key from `at` on, a byte each. Nothing behind a unit beyond ASCII counts.
+std::uint64_t bytesOf(TextView key, std::size_t at, std::size_t count) noexcept {
+  std::uint64_t bytes = 0;
+  std::size_t taken = 0;
+  for (; taken < count && at + taken < key.size(); ++taken) {
+    const char16_t unit = key[at + taken];
+    bytes = bytes << kByteBits | std::min(unit, kBeyondAscii);
+    if (unit >= kBeyondAscii) {
+      ++taken;
+      break;
+    }
   }
-  for (std::size_t i = 0; i < kUnitsOfANumber; ++i) {
-    number = number << 16U | (at + i < key.size() ? key[at + i] : 0U);
-  }
-  return number;
+  return taken == 0 ? 0 : bytes << (count - taken) * kByteBits;
 }
 
 } // namespace
 
-KeyHead keyHead(TextView key) noexcept {
-  KeyHead head{};
-  for (std::size_t i = 0; i < head.size() && i * kUnitsOfANumber < key.size(); ++i) {
-    head[i] = numberOf(key, i * kUnitsOfANumber);
-  }
-  return head;
+std::uint64_t orderOf(int rank, TextView key) noexcept {
+  constexpr int kNoRank = 0x7F;
+  return static_cast<std::uint64_t>(kNoRank + rank) << kFirstUnits * kByteBits |
+         bytesOf(key, 0, kFirstUnits);
+}
+
+std::array<std::uint64_t, 2> furtherOrderOf(TextView key) noexcept {
+  const auto beyond =
+      std::find_if(key.begin(), key.end(), [](char16_t unit) { return unit >= kBeyondAscii; });
+  const TextView counting = key.substr(0, static_cast<std::size_t>(beyond - key.begin()) + 1);
+  return {bytesOf(counting, kFirstUnits, kFurtherUnits),
+          bytesOf(counting, kFirstUnits + kFurtherUnits, kFurtherUnits)};
 }
 
 int propertyRank(TextView name) noexcept {

@@ -17,26 +17,20 @@ namespace cardwright {
 /// The same for names of parameters: VALUE, ENCODING and TYPE come first.
 [[nodiscard]] int parameterRank(TextView name) noexcept;
 
-/// The first twelve units of a key as numbers that compare like them. Where they differ, the key
-/// itself, which may lie anywhere in memory, is not asked.
-using KeyHead = std::array<std::uint64_t, 3>;
+/// A rank and the first seven units of a key as one number that compares like them, rank first.
+/// The first unit beyond ASCII ends it, so equal numbers say nothing.
+[[nodiscard]] std::uint64_t orderOf(int rank, TextView key) noexcept;
 
-[[nodiscard]] KeyHead keyHead(TextView key) noexcept;
+/// The next sixteen units of a key likewise. Where these differ, the key itself, which may lie
+/// anywhere in memory, is not asked.
+[[nodiscard]] std::array<std::uint64_t, 2> furtherOrderOf(TextView key) noexcept;
 
 /// An entry of a dictionary with what decides its place.
 template <typename Value>
 struct RankedEntry {
-  int rank;
-  KeyHead head;
+  std::uint64_t order;
   TextView key;
   const Value* value;
-
-  friend bool operator<(const RankedEntry& a, const RankedEntry& b) noexcept {
-    if (a.rank != b.rank) {
-      return a.rank < b.rank;
-    }
-    return a.head != b.head ? a.head < b.head : a.key < b.key;
-  }
 };
 
 /// The entries of a dictionary as they are written: by rank, then by the code units of their keys.
@@ -49,19 +43,13 @@ class WrittenOrder {
   WrittenOrder(const detail::KeyedList<Value>& list, int (*rankOf)(TextView)) {
     const auto& entries = list.entries();
     if (entries.size() > m_few.size()) {
-      m_many.reserve(entries.size());
-      for (const auto& entry : entries) {
-        m_many.push_back(rankedEntry(entry, rankOf));
-      }
-      // By merging: names with ascending numbers, as devices and hostile files have them, make a
-      // quicksort compare several times as often.
-      std::stable_sort(m_many.begin(), m_many.end());
+      orderMany(entries, rankOf);
       return;
     }
     for (const auto& entry : entries) {
       m_few[m_count] = rankedEntry(entry, rankOf);
       std::size_t place = m_count;
-      for (; place > 0 && m_few[m_count] < m_few[m_places[place - 1]]; --place) {
+      for (; place > 0 && isBefore(m_few[m_count], m_few[m_places[place - 1]]); --place) {
         m_places[place] = m_places[place - 1];
       }
       m_places[place] = static_cast<std::uint8_t>(m_count);
@@ -81,7 +69,36 @@ class WrittenOrder {
   static Entry rankedEntry(const typename detail::KeyedList<Value>::Entry& entry,
                            int (*rankOf)(TextView)) {
     const TextView key = entry.key.view();
-    return {rankOf(key), keyHead(key), key, &entry.value};
+    return {orderOf(rankOf(key), key), key, &entry.value};
+  }
+
+  static bool isBefore(const Entry& a, const Entry& b) noexcept {
+    return a.order != b.order ? a.order < b.order : a.key < b.key;
+  }
+
+  void orderMany(const std::vector<typename detail::KeyedList<Value>::Entry>& entries,
+                 int (*rankOf)(TextView)) {
+    struct Candidate {
+      Entry entry;
+      std::array<std::uint64_t, 2> further;
+    };
+    std::vector<Candidate> candidates;
+    candidates.reserve(entries.size());
+    for (const auto& entry : entries) {
+      candidates.push_back({rankedEntry(entry, rankOf), furtherOrderOf(entry.key.view())});
+    }
+    // By merging: names with ascending numbers, as devices and hostile files have them, make a
+    // quicksort compare several times as often.
+    std::stable_sort(candidates.begin(), candidates.end(),
+                     [](const Candidate& a, const Candidate& b) {
+                       return a.entry.order == b.entry.order && a.further != b.further
+                                  ? a.further < b.further
+                                  : isBefore(a.entry, b.entry);
+                     });
+    m_many.reserve(candidates.size());
+    for (const Candidate& candidate : candidates) {
+      m_many.push_back(candidate.entry);
+    }
   }
 
   static constexpr std::size_t kFew = 32;

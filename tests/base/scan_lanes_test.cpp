@@ -1,3 +1,4 @@
+#include "base/ascii.h"
 #include "base/scan_lanes.h"
 #include "support/random_source.h"
 
@@ -27,6 +28,7 @@ TEST(ScanLanes, findWhatThePlainFormsFind) {
     const std::size_t begin = random.below(text.size() + 1);
     ASSERT_EQ(marksOfHeader(text, begin), marksOfHeaderPlainly(text, begin));
     ASSERT_EQ(marksOfValue(text, begin), marksOfValuePlainly(text, begin));
+    ASSERT_EQ(mostUtf8Bytes(text), mostUtf8BytesPlainly(text));
     ASSERT_EQ(findUnplain(text, begin), findUnplainPlainly(text, begin));
     ASSERT_EQ(endOfLine(text, begin), findEitherPlainly(text, begin, '\r', '\n'));
     ASSERT_EQ(findEither(text, begin, '"', ':'), findEitherPlainly(text, begin, '"', ':'));
@@ -42,6 +44,14 @@ TEST(ScanLanes, findEveryUnplainUnitWhereverItStands) {
     text[at] = static_cast<char16_t>(unit);
     ASSERT_EQ(findUnplain(text, 0), isUnplain ? at : text.size()) << unit;
     ASSERT_EQ(findUnplainPlainly(text, 0), isUnplain ? at : text.size()) << unit;
+  }
+}
+
+TEST(ScanLanes, countTheBytesOfLongTexts) {
+  for (const char16_t unit : {u'a', u'\u00E9', u'\u20AC'}) {
+    const Text text(1000003, unit);
+    EXPECT_EQ(mostUtf8Bytes(text), mostUtf8BytesPlainly(text));
+    EXPECT_EQ(mostUtf8BytesPlainly(text), text.size() * utf8Length(unit));
   }
 }
 

@@ -1,13 +1,17 @@
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_parameter.h"
 #include "cardwright/vcard_property.h"
+#include "support/random_source.h"
 #include "support/text_printer.h"
 #include "writer/order.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace cardwright {
@@ -77,6 +81,35 @@ TEST(ParameterOrder, putsValueEncodingAndTypeFirst) {
             (TextList{u"VALUE", u"ENCODING", u"TYPE", u"ALTID", u"CHARSET", u"X-A"}));
   EXPECT_EQ(parameterOrder({u"type", u"Type"}), TextList{u"TYPE"});
   EXPECT_EQ(parameterOrder({}), TextList{});
+}
+
+/// Names of a few letters, so that many share their beginning.
+Text randomName(RandomSource& random) {
+  static constexpr std::array<char16_t, 7> kUnits = {u'A', u'A', u'A', u'B', 0, 0xE9, 0x20AC};
+  Text name;
+  for (std::size_t i = random.below(30); i > 0; --i) {
+    name.push_back(random.chance(90) ? u'A' : random.oneOf(kUnits));
+  }
+  return name;
+}
+
+TEST(Order, isThatOfTheKeysHoweverManyThereAre) {
+  RandomSource random(20261121);
+  for (int round = 0; round < 3000; ++round) {
+    std::set<Text> names;
+    for (std::size_t i = random.below(80); i > 0; --i) {
+      names.insert(randomName(random));
+    }
+    std::vector<Text> shuffled(names.begin(), names.end());
+    for (std::size_t i = shuffled.size(); i > 1; --i) {
+      std::swap(shuffled[i - 1], shuffled[random.below(i)]);
+    }
+    detail::KeyedList<int> list;
+    for (const Text& name : shuffled) {
+      list.add(detail::TextStorage(TextView(name)), 0);
+    }
+    ASSERT_EQ(keysInWrittenOrder(list, propertyRank), TextList(names.begin(), names.end()));
+  }
 }
 
 TEST(Order, keepsTheValuesOfADictionaryWithTheirKeys) {
