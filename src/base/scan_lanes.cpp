@@ -72,6 +72,9 @@ void lookAtHeader(TextView text, std::size_t begin, std::size_t at, bool hasSemi
 
 constexpr std::size_t kLanes = 16;
 
+/// Units that are looked at as such, where sixteen bytes would not do.
+constexpr std::size_t kBlock = kLanes / 2;
+
 /// One bit for each lane.
 using Bits = unsigned;
 
@@ -175,30 +178,43 @@ std::size_t mostUtf8BytesPlainly(TextView text) noexcept {
 
 #if defined(__SSE2__)
 
-std::size_t mostUtf8Bytes(TextView text) noexcept {
-  constexpr std::size_t kUnits = kLanes / 2;
-  // Counters of 16 bits, which grow by two at most with each block.
-  constexpr std::size_t kMostBlocks = 0x3FFF;
-  const auto isAtMost = [](__m128i units, int most) {
+/// How many bytes of UTF-8 a block of units takes.
+std::size_t utf8BytesOf(__m128i units) noexcept {
+  const auto isAtMost = [units](int most) {
     const __m128i beyond = _mm_subs_epu16(units, _mm_set1_epi16(static_cast<short>(most)));
     return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
   };
-  std::size_t saved = 0;
+  // A byte of one for each unit and each limit that it keeps.
+  const __m128i saved =
+      _mm_and_si128(_mm_packs_epi16(isAtMost(0x7F), isAtMost(0x7FF)), _mm_set1_epi8(1));
+  const __m128i sums = _mm_sad_epu8(saved, _mm_setzero_si128());
+  return 3 * kBlock - static_cast<std::size_t>(_mm_extract_epi16(sums, 0)) -
+         static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+}
+
+std::size_t mostUtf8Bytes(TextView text) noexcept {
+  std::size_t bytes = 0;
   std::size_t at = 0;
-  while (text.size() - at >= kUnits) {
-    const std::size_t blocks = std::min((text.size() - at) / kUnits, kMostBlocks);
-    __m128i counts = _mm_setzero_si128();
-    for (std::size_t block = 0; block < blocks; ++block, at += kUnits) {
-      const __m128i units = loadUnits(text.data() + at);
-      // A comparison that holds is -1.
-      counts = _mm_sub_epi16(counts, _mm_add_epi16(isAtMost(units, 0x7F), isAtMost(units, 0x7FF)));
-    }
-    const __m128i sums = _mm_madd_epi16(counts, _mm_set1_epi16(1));
-    const __m128i halves = _mm_add_epi32(sums, _mm_srli_si128(sums, 8));
-    saved += static_cast<std::uint32_t>(
-        _mm_cvtsi128_si32(_mm_add_epi32(halves, _mm_srli_si128(halves, 4))));
+  for (; text.size() - at >= kBlock; at += kBlock) {
+    bytes += utf8BytesOf(loadUnits(text.data() + at));
   }
-  return 3 * at - saved + mostUtf8BytesPlainly(text.substr(at));
+  return bytes + mostUtf8BytesPlainly(text.substr(at));
+}
+
+std::size_t blocksWithin(TextView text, std::size_t begin, std::size_t& bytes) noexcept {
+  std::size_t at = begin;
+  for (; text.size() - at >= kBlock; at += kBlock) {
+    const __m128i units = loadUnits(text.data() + at);
+    const __m128i surrogates =
+        _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xF800))),
+                        _mm_set1_epi16(static_cast<short>(0xD800)));
+    const std::size_t needed = utf8BytesOf(units);
+    if (needed > bytes || _mm_movemask_epi8(surrogates) != 0) {
+      break;
+    }
+    bytes -= needed;
+  }
+  return at - begin;
 }
 
 ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
@@ -276,11 +292,10 @@ std::size_t findEither(TextView text, std::size_t begin, char one, char other) n
 }
 
 std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
-  constexpr std::size_t kUnits = kLanes / 2;
   const auto all = [](int unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
   // With the highest bit turned around, signed comparisons give the order of units.
   const auto turned = [&](int unit) { return all(unit ^ 0x8000); };
-  for (; text.size() - begin >= kUnits; begin += kUnits) {
+  for (; text.size() - begin >= kBlock; begin += kBlock) {
     const __m128i units = loadUnits(text.data() + begin);
     const __m128i ordered = _mm_xor_si128(units, all(0x8000));
     const __m128i outside = _mm_or_si128(_mm_cmplt_epi16(ordered, turned(u' ')),
@@ -315,6 +330,11 @@ std::size_t findDoubleCr(TextView text) noexcept {
 
 std::size_t mostUtf8Bytes(TextView text) noexcept {
   return mostUtf8BytesPlainly(text);
+}
+
+std::size_t blocksWithin(TextView /*text*/, std::size_t /*begin*/,
+                         std::size_t& /*bytes*/) noexcept {
+  return 0;
 }
 
 std::size_t findUnplain(TextView text, std::size_t begin) noexcept {

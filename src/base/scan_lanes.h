@@ -44,6 +44,12 @@ struct HeaderMarks {
 [[nodiscard]] std::size_t mostUtf8Bytes(TextView text) noexcept;
 [[nodiscard]] std::size_t mostUtf8BytesPlainly(TextView text) noexcept;
 
+/// How many units from `begin` on surely fit into so many bytes of UTF-8: the last ones may be left
+/// to be counted one by one. Stops in front of halves of pairs.
+/// @param bytes is made what the units leave of it
+[[nodiscard]] std::size_t blocksWithin(TextView text, std::size_t begin,
+                                       std::size_t& bytes) noexcept;
+
 /// The first place of one of two ASCII characters from `begin` on, or the text's end.
 [[nodiscard]] std::size_t findEither(TextView text, std::size_t begin, char one,
                                      char other) noexcept;

@@ -44,6 +44,31 @@ constexpr ShuffleTable shufflesThatKeep(std::size_t bytesOfOthers) {
   return table;
 }
 
+/// For lanes of four bytes, of which the first four bits of a set say that a second byte is kept
+/// and the next four that a third one is: the shuffle, and how many bytes are kept.
+struct LengthTable {
+  ShuffleTable shuffles;
+  std::array<std::uint8_t, 256> lengths;
+};
+
+constexpr LengthTable kKeptLengths = [] {
+  LengthTable table{};
+  for (std::size_t set = 0; set < table.lengths.size(); ++set) {
+    std::size_t used = 0;
+    for (std::size_t lane = 0; lane < 4; ++lane) {
+      const std::size_t bytes = 1 + (set >> lane & 1U) + (set >> (lane + 4) & 1U);
+      for (std::size_t byte = 0; byte < bytes; ++byte) {
+        table.shuffles[set][used++] = static_cast<std::uint8_t>(4 * lane + byte);
+      }
+    }
+    table.lengths[set] = static_cast<std::uint8_t>(used);
+    while (used < kByteLanes) {
+      table.shuffles[set][used++] = kNoByte;
+    }
+  }
+  return table;
+}();
+
 constexpr ShuffleTable kKeptUnits = shufflesThatKeep(0);
 constexpr ShuffleTable kKeptBytes = shufflesThatKeep(1);
 
@@ -167,12 +192,46 @@ CARDWRIGHT_SHUFFLING DecodedRun decodeShuffling(std::string_view utf8, char16_t*
   return {at, units};
 }
 
+/// Writes eight units of at most two bytes each.
+CARDWRIGHT_SHUFFLING std::size_t storePairs(char* output, __m128i units) noexcept {
+  const __m128i lead = _mm_or_si128(_mm_srli_epi16(units, 6), sixteen(0xC0));
+  const __m128i last = _mm_or_si128(_mm_and_si128(units, sixteen(0x3F)), sixteen(0x80));
+  const __m128i both = _mm_or_si128(lead, _mm_slli_epi16(last, 8));
+  const __m128i isPair = _mm_cmpgt_epi16(units, sixteen(0x7F));
+  const __m128i lanes = _mm_or_si128(_mm_and_si128(isPair, both), _mm_andnot_si128(isPair, units));
+  const Bits twice = bits(_mm_packs_epi16(isPair, _mm_setzero_si128()));
+  store(output, _mm_shuffle_epi8(lanes, load(kKeptBytes[twice].data())));
+  return kByteLanes / 2 + static_cast<std::size_t>(std::popcount(twice));
+}
+
+/// Writes four units, in lanes of four bytes, of at most three bytes each.
+CARDWRIGHT_SHUFFLING std::size_t storeTriples(char* output, __m128i units) noexcept {
+  const auto all = [](int value) { return _mm_set1_epi32(value); };
+  const auto choose = [](__m128i condition, __m128i yes, __m128i no) {
+    return _mm_or_si128(_mm_and_si128(condition, yes), _mm_andnot_si128(condition, no));
+  };
+  const __m128i low = _mm_or_si128(_mm_and_si128(units, all(0x3F)), all(0x80));
+  const __m128i high = _mm_srli_epi32(units, 6);
+  const __m128i middle = _mm_or_si128(_mm_and_si128(high, all(0x3F)), all(0x80));
+  const __m128i pair = _mm_or_si128(_mm_or_si128(high, all(0xC0)), _mm_slli_epi32(low, 8));
+  const __m128i triple = _mm_or_si128(
+      _mm_or_si128(_mm_or_si128(_mm_srli_epi32(units, 12), all(0xE0)), _mm_slli_epi32(middle, 8)),
+      _mm_slli_epi32(low, 16));
+  const __m128i isPair = _mm_cmpgt_epi32(units, all(0x7F));
+  const __m128i isTriple = _mm_cmpgt_epi32(units, all(0x7FF));
+  const __m128i lanes = choose(isTriple, triple, choose(isPair, pair, units));
+  const auto set = static_cast<Bits>(_mm_movemask_ps(_mm_castsi128_ps(isPair)) |
+                                     _mm_movemask_ps(_mm_castsi128_ps(isTriple)) << 4);
+  store(output, _mm_shuffle_epi8(lanes, load(kKeptLengths.shuffles[set].data())));
+  return kKeptLengths.lengths[set];
+}
+
 CARDWRIGHT_SHUFFLING EncodedRun encodeShuffling(TextView text, char* output,
                                                 std::size_t room) noexcept {
   constexpr std::size_t kUnits = kByteLanes / 2;
   std::size_t at = 0;
   std::size_t bytes = 0;
-  while (text.size() - at >= kUnits && room - bytes >= kByteLanes) {
+  while (text.size() - at >= kUnits && room - bytes >= 2 * kByteLanes) {
     const __m128i units = load(text.data() + at);
     if (text.size() - at >= 2 * kUnits) {
       const __m128i next = load(text.data() + at + kUnits);
@@ -184,21 +243,17 @@ CARDWRIGHT_SHUFFLING EncodedRun encodeShuffling(TextView text, char* output,
         continue;
       }
     }
-    const __m128i beyondAscii = _mm_cmpgt_epi16(units, sixteen(0x7F));
-    // Units from 0x8000 on are negative to the comparison.
-    const __m128i longer = _mm_and_si128(units, sixteen(0xF800));
-    if (bits(_mm_cmpeq_epi16(longer, _mm_setzero_si128())) != 0xFFFFU) {
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i range = _mm_and_si128(units, sixteen(0xF800));
+    if (bits(_mm_cmpeq_epi16(range, zero)) == 0xFFFFU) {
+      bytes += storePairs(output + bytes, units);
+    } else if (bits(_mm_cmpeq_epi16(range, sixteen(0xD800))) == 0) {
+      bytes += storeTriples(output + bytes, _mm_unpacklo_epi16(units, zero));
+      bytes += storeTriples(output + bytes, _mm_unpackhi_epi16(units, zero));
+    } else {
       break;
     }
-    const __m128i lead = _mm_or_si128(_mm_srli_epi16(units, 6), sixteen(0xC0));
-    const __m128i last = _mm_or_si128(_mm_and_si128(units, sixteen(0x3F)), sixteen(0x80));
-    const __m128i both = _mm_or_si128(lead, _mm_slli_epi16(last, 8));
-    const __m128i lanes =
-        _mm_or_si128(_mm_and_si128(beyondAscii, both), _mm_andnot_si128(beyondAscii, units));
-    const Bits twice = bits(_mm_packs_epi16(beyondAscii, _mm_setzero_si128()));
-    store(output + bytes, _mm_shuffle_epi8(lanes, load(kKeptBytes[twice].data())));
     at += kUnits;
-    bytes += kUnits + static_cast<std::size_t>(std::popcount(twice));
   }
   return {at, bytes};
 }

@@ -29,8 +29,8 @@ inline constexpr std::size_t kByteLanes = 16;
 [[nodiscard]] DecodedRun decodeByLanes(std::string_view utf8, char16_t* output,
                                        std::size_t room) noexcept;
 
-/// Encodes the text up to the first unit that takes three bytes or is half of a pair, as long as
-/// there are kByteLanes / 2 units and room for kByteLanes bytes.
+/// Encodes the text up to about the first half of a pair, as long as there are kByteLanes / 2 units
+/// and room for 2 * kByteLanes bytes.
 [[nodiscard]] EncodedRun encodeByLanes(TextView text, char* output, std::size_t room) noexcept;
 
 } // namespace cardwright

@@ -55,13 +55,15 @@ class LineCutter {
   /// How many units from m_begin on are characters that fit. Most often the first unit that does
   /// not fit and those before it tell where a character ends.
   std::size_t lengthWithin(std::size_t limit) {
-    std::size_t end = m_begin;
-    for (std::size_t bytes = 0; end < m_line.size();) {
+    std::size_t room = limit;
+    std::size_t end = m_begin + blocksWithin(m_line, m_begin, room);
+    while (end < m_line.size()) {
       const char32_t codePoint = codePointAt(m_line, end);
-      bytes += cardwright::utf8Length(codePoint);
-      if (bytes > limit) {
+      const std::size_t bytes = cardwright::utf8Length(codePoint);
+      if (bytes > room) {
         break;
       }
+      room -= bytes;
       end += unitLength(codePoint);
     }
     if (end < m_line.size()) {

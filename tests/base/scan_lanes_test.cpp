@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -52,6 +53,21 @@ TEST(ScanLanes, countTheBytesOfLongTexts) {
     const Text text(1000003, unit);
     EXPECT_EQ(mostUtf8Bytes(text), mostUtf8BytesPlainly(text));
     EXPECT_EQ(mostUtf8BytesPlainly(text), text.size() * utf8Length(unit));
+  }
+}
+
+TEST(ScanLanes, takeBlocksThatFit) {
+  RandomSource random(20261121);
+  for (int round = 0; round < 5000; ++round) {
+    const Text text = randomText(random, random.below(80)) + (round % 2 == 0 ? u"" : u"\U0001F600");
+    const std::size_t begin = random.below(text.size() + 1);
+    const std::size_t room = random.below(100);
+    std::size_t left = room;
+    const std::size_t count = blocksWithin(text, begin, left);
+    ASSERT_LE(begin + count, text.size());
+    const TextView taken = TextView(text).substr(begin, count);
+    ASSERT_EQ(room - left, mostUtf8BytesPlainly(taken));
+    ASSERT_TRUE(std::none_of(taken.begin(), taken.end(), isHighSurrogate));
   }
 }
 
