@@ -140,6 +140,7 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
 
  private:
   friend class CardAssembly;
+  friend struct StoredParts;
 
   using PropertyStore = detail::KeyedList<std::shared_ptr<VCardPropertyList>>;
 

@@ -42,6 +42,8 @@ class [[gnu::visibility("default")]] VCardMultiValue final : public VCardValue {
   void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
 
  private:
+  friend struct StoredParts;
+
   void appendElement(std::shared_ptr<VCardValue> element);
 
   detail::SharedText m_elementType;

@@ -46,6 +46,7 @@ class [[gnu::visibility("default")]] VCardParameter final : public VCardObject {
  private:
   friend class VCardProperty;
   friend class ContentLineParser;
+  friend struct StoredParts;
 
   detail::TextStorage m_name;
   detail::TextSequence m_values;

@@ -113,6 +113,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
  private:
   friend class ContentLineParser;
   friend class VCard;
+  friend struct StoredParts;
 
   /// valueOfParameterWithName for a name that is upper-cased already.
   [[nodiscard]] std::optional<TextView> valueOfParameterWithKey(TextView key) const;

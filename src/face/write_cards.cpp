@@ -2,8 +2,12 @@
 #include "cardwright/face.h"
 #include "cardwright/utf8.h"
 #include "cardwright/vocabulary.h"
+#include "face/writing/ordinary_property.h"
 #include "face/writing/safe_property.h"
 #include "face/writing/safe_texts.h"
+#include "model/stated_version.h"
+#include "model/stored_parts.h"
+#include "writer/order.h"
 
 #include <algorithm>
 #include <map>
@@ -18,14 +22,17 @@ namespace {
 constexpr TextView kLabel = u"X-ABLABEL";
 constexpr TextView kAddressFormat = u"X-ABADR";
 
+using Properties = std::vector<const VCardProperty*>;
+
 /// The properties of a card in the order in which they are written.
-VCardPropertyList orderedProperties(const VCard& card) {
-  VCardPropertyList ordered;
-  const VCardPropertyDict dict = card.propertyDict();
-  for (const Text& key : card.propertiesInSortOrder()) {
-    for (const auto& property : *dict.at(key)) {
+Properties orderedProperties(const VCard& card) {
+  StoredParts::fetch(card);
+  Properties ordered;
+  const WrittenOrder order(StoredParts::of(card), propertyRank);
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    for (const auto& property : **order[place].value) {
       if (property != nullptr) {
-        ordered.push_back(property);
+        ordered.push_back(property.get());
       }
     }
   }
@@ -33,12 +40,10 @@ VCardPropertyList orderedProperties(const VCard& card) {
 }
 
 /// The version that a reader finds stated, 0 for none.
-VersionCode statedVersion(const VCardPropertyList& properties) {
-  for (const auto& property : properties) {
+VersionCode statedVersion(const Properties& properties) {
+  for (const VCardProperty* property : properties) {
     if (equalIgnoringCase(property->name(), cVCardProperty_VERSION) && property->textValue()) {
-      const std::uint64_t version =
-          VCardProperty::propertyWithName(cVCardProperty_VERSION, valueText(*property->textValue()))
-              ->versionValue();
+      const std::uint64_t version = versionStatedBy(valueText(*property->textValue()));
       if (version != 0) {
         return static_cast<VersionCode>(std::min<std::uint64_t>(version, 5));
       }
@@ -54,16 +59,28 @@ VersionCode syntaxFor(const WriteOptions& options, VersionCode stated) {
   return stated >= 2 && stated <= 4 ? stated : 3;
 }
 
-/// A line with the property that it is written for.
+/// A property with the line that it is written as.
 struct Entry {
-  SafeLine line;
-  Text group; ///< folded; empty without one
   const VCardProperty* property;
-  bool isLabel;
-  bool isAddressFormat;
+  std::optional<SafeLine> line; ///< absent where the property itself writes it
+  Text group;                   ///< folded; empty without one
+  bool isLabel = false;
+  bool isAddressFormat = false;
 
   [[nodiscard]] bool isCompanion() const noexcept { return isLabel || isAddressFormat; }
+  [[nodiscard]] bool hasGroup() const noexcept {
+    return line ? line->group.has_value() : !group.empty();
+  }
+  [[nodiscard]] bool isAddress() const noexcept {
+    return line ? line->key == cVCardProperty_ADR : property->name() == cVCardProperty_ADR;
+  }
 };
+
+bool mayBeCompanion(const VCardProperty& property) {
+  const TextView name = property.name();
+  return !isPlainName(name) || equalIgnoringCase(name, kLabel) ||
+         equalIgnoringCase(name, kAddressFormat);
+}
 
 /// Writes one card: labels and address formats behind the first property that they describe, and
 /// in their own place where there is none.
@@ -72,44 +89,54 @@ class CardWriting {
   CardWriting(Text& output, const WritingContext& context) noexcept
       : m_output(output), m_context(context) {}
 
-  void write(const VCardPropertyList& properties) {
-    for (const auto& property : properties) {
-      m_context.recorder.propertyFound();
-      if (auto line = safeLine(*property, m_context)) {
-        const bool hasGroup = line->group.has_value();
-        Text group = hasGroup ? caseFolded(*line->group) : Text();
-        const bool isLabel = hasGroup && line->key == kLabel;
-        const bool isFormat = hasGroup && line->key == kAddressFormat;
-        m_entries.push_back(
-            {std::move(*line), std::move(group), property.get(), isLabel, isFormat});
-      }
-    }
-    findHosts();
+  void write(const Properties& properties) {
     m_output.append(cVCardComponent_BEGINVCARD).append(u"\r\n");
-    for (std::size_t at = 0; at < m_entries.size(); ++at) {
-      const Entry& entry = m_entries[at];
-      if (entry.isCompanion() && m_hosted.contains(at)) {
-        continue;
-      }
-      append(entry);
-      if (const auto companions = m_companions.find(at); companions != m_companions.end()) {
-        for (const std::size_t companion : companions->second) {
-          append(m_entries[companion]);
+    const bool hasCompanions =
+        std::any_of(properties.begin(), properties.end(),
+                    [](const VCardProperty* property) { return mayBeCompanion(*property); });
+    for (const VCardProperty* property : properties) {
+      m_context.recorder.propertyFound();
+      if (std::optional<Entry> entry = entryOf(*property)) {
+        if (hasCompanions) {
+          m_entries.push_back(std::move(*entry));
+        } else {
+          append(*entry);
         }
       }
     }
+    findHosts();
+    appendEntries();
     m_output.append(cVCardComponent_ENDVCARD).append(u"\r\n");
   }
 
  private:
+  /// Absent for a property that is not written.
+  [[nodiscard]] std::optional<Entry> entryOf(const VCardProperty& property) const {
+    std::optional<Entry> entry(Entry{.property = &property, .line = std::nullopt, .group = {}});
+    if (!mayBeCompanion(property) && isOrdinary(property, m_context)) {
+      entry->group = property.group() ? caseFolded(*property.group()) : Text();
+      return entry;
+    }
+    entry->line = safeLine(property, m_context);
+    if (!entry->line) {
+      return std::nullopt;
+    }
+    if (entry->line->group) {
+      entry->group = caseFolded(*entry->line->group);
+      entry->isLabel = entry->line->key == kLabel;
+      entry->isAddressFormat = entry->line->key == kAddressFormat;
+    }
+    return entry;
+  }
+
   void findHosts() {
     std::map<TextView, std::size_t> hosts;
     std::map<TextView, std::size_t> addresses;
     for (std::size_t at = 0; at < m_entries.size(); ++at) {
       const Entry& entry = m_entries[at];
-      if (entry.line.group && !entry.isCompanion()) {
+      if (entry.hasGroup() && !entry.isCompanion()) {
         hosts.emplace(entry.group, at);
-        if (entry.line.key == cVCardProperty_ADR) {
+        if (entry.isAddress()) {
           addresses.emplace(entry.group, at);
         }
       }
@@ -129,13 +156,30 @@ class CardWriting {
     }
   }
 
-  void append(const Entry& entry) {
-    if (entry.isCompanion() &&
-        !m_written.emplace(TextView(entry.group), TextView(entry.line.rest)).second) {
-      m_context.recorder.dropped(WriteChangeKind::repeatLeftOut, *entry.property, entry.line.rest);
-      return;
+  void appendEntries() {
+    for (std::size_t at = 0; at < m_entries.size(); ++at) {
+      const Entry& entry = m_entries[at];
+      if (entry.isCompanion() && m_hosted.contains(at)) {
+        continue;
+      }
+      append(entry);
+      if (const auto companions = m_companions.find(at); companions != m_companions.end()) {
+        for (const std::size_t companion : companions->second) {
+          append(m_entries[companion]);
+        }
+      }
     }
-    appendLine(m_output, entry.line);
+  }
+
+  void append(const Entry& entry) {
+    if (!entry.line) {
+      entry.property->generate(m_output, m_context.syntax, &m_context.formatter);
+    } else if (entry.isCompanion() &&
+               !m_written.emplace(TextView(entry.group), TextView(entry.line->rest)).second) {
+      m_context.recorder.dropped(WriteChangeKind::repeatLeftOut, *entry.property, entry.line->rest);
+    } else {
+      appendLine(m_output, *entry.line);
+    }
   }
 
   Text& m_output;
@@ -159,7 +203,7 @@ std::string writeCards(const VCardList& cards, WriteReport* report, const WriteO
       continue;
     }
     recorder.cardBegins();
-    const VCardPropertyList properties = orderedProperties(*card);
+    const Properties properties = orderedProperties(*card);
     const VersionCode stated = statedVersion(properties);
     const WritingContext context{syntaxFor(options, stated), stated, formatter, recorder};
     text.clear();
