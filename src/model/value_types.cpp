@@ -25,14 +25,27 @@ std::optional<TextView> equivalentType(TextView defaultType) {
 
 void VCardProperty::initialize() {}
 
-TextView VCardProperty::defaultTypeForVersion(VersionCode version) const noexcept {
+TextView defaultTypeOf(TextView name, VersionCode version) noexcept {
   if (version < 4) {
-    if (const NameRow<TextView>* row = kDefaultTypesBelow4.findIgnoringCase(name())) {
+    if (const NameRow<TextView>* row = kDefaultTypesBelow4.findIgnoringCase(name)) {
       return row->value;
     }
   }
-  const NameRow<TextView>* row = kDefaultTypes.findIgnoringCase(name());
+  const NameRow<TextView>* row = kDefaultTypes.findIgnoringCase(name);
   return row != nullptr ? row->value : cVCardValue_TEXT;
+}
+
+bool isMultiValueName(TextView name) noexcept {
+  return name == cVCardProperty_NICKNAME || name == cVCardProperty_CATEGORIES ||
+         name == cVCardProperty_X_QUILLAN_LOCAL_CATEGORIES;
+}
+
+TextView VCardProperty::defaultTypeForVersion(VersionCode version) const noexcept {
+  return defaultTypeOf(name(), version);
+}
+
+bool VCardProperty::isMultiValueProperty() const noexcept {
+  return isMultiValueName(name());
 }
 
 } // namespace cardwright

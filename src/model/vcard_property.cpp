@@ -123,11 +123,6 @@ VCardParameterList VCardProperty::xParameters() const {
   return list;
 }
 
-bool VCardProperty::isMultiValueProperty() const noexcept {
-  return name() == cVCardProperty_NICKNAME || name() == cVCardProperty_CATEGORIES ||
-         name() == cVCardProperty_X_QUILLAN_LOCAL_CATEGORIES;
-}
-
 std::optional<TextView> VCardProperty::textValue() const noexcept {
   const auto* text = dynamic_cast<const VCardTextValue*>(m_value.get());
   return text != nullptr ? text->text() : std::nullopt;

@@ -4,6 +4,7 @@
 #include "cardwright/vcard_date_time_value.h"
 #include "cardwright/vcard_value.h"
 
+#include <cstdint>
 #include <memory>
 
 namespace cardwright {
@@ -14,6 +15,24 @@ using ValueMaker = std::shared_ptr<VCardValue> (*)(TextView type, Arena* arena);
 /// What makes values of the class that the type name selects, without regard to case; null for a
 /// name without a class of its own.
 [[nodiscard]] ValueMaker valueMakerFor(TextView type);
+
+/// The classes that value type names select.
+enum class ValueClass : std::uint8_t {
+  address,
+  custom,
+  dateTime,
+  gender,
+  geo,
+  name,
+  organisation,
+  text,
+  uri,
+  utcOffset,
+  extension, ///< for all other names
+};
+
+/// The class that the type name selects, without regard to case.
+[[nodiscard]] ValueClass valueClassFor(TextView type);
 
 /// VCardValue::valueWithType in an arena.
 [[nodiscard]] std::shared_ptr<VCardValue> valueWithTypeIn(TextView type, Arena* arena);

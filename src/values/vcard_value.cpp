@@ -30,30 +30,43 @@ std::shared_ptr<VCardValue> makeDateTime(TextView type, Arena* arena) {
   return value;
 }
 
+struct Maker {
+  ValueClass valueClass;
+  ValueMaker make;
+};
+
+constexpr Maker kText = {ValueClass::text, make<VCardTextValue>};
+constexpr Maker kDateTime = {ValueClass::dateTime, makeDateTime};
+
 /// Which class a value type name selects.
 constexpr NameTable kMakers({
-    NameRow<ValueMaker>{cVCardValue_Address, make<VCardAddressValue>},
-    {cVCardValue_DATE, makeDateTime},
-    {cVCardValue_DATE_TIME, makeDateTime},
-    {cVCardValue_TIME, makeDateTime},
-    {cVCardValue_DATE_AND_OR_TIME, makeDateTime},
-    {cVCardValue_TIMESTAMP, makeDateTime},
-    {cVCardValue_N, make<VCardNValue>},
-    {cVCardValue_TEXT, make<VCardTextValue>},
-    {cVCardValue_BINARY, make<VCardTextValue>},
-    {cVCardValue_URI, make<VCardURIValue>},
-    {cVCardValue_UTC_OFFSET, make<VCardUTCOffsetValue>},
-    {cVCardValue_Gender, make<VCardGenderValue>},
-    {cVCardValue_Org, make<VCardOrgValue>},
-    {cVCardValue_Geo3_0, make<VCardGeoValue>},
-    {cVCardValue_Custom, make<VCardCustomValue>},
+    NameRow<Maker>{cVCardValue_Address, {ValueClass::address, make<VCardAddressValue>}},
+    {cVCardValue_DATE, kDateTime},
+    {cVCardValue_DATE_TIME, kDateTime},
+    {cVCardValue_TIME, kDateTime},
+    {cVCardValue_DATE_AND_OR_TIME, kDateTime},
+    {cVCardValue_TIMESTAMP, kDateTime},
+    {cVCardValue_N, {ValueClass::name, make<VCardNValue>}},
+    {cVCardValue_TEXT, kText},
+    {cVCardValue_BINARY, kText},
+    {cVCardValue_URI, {ValueClass::uri, make<VCardURIValue>}},
+    {cVCardValue_UTC_OFFSET, {ValueClass::utcOffset, make<VCardUTCOffsetValue>}},
+    {cVCardValue_Gender, {ValueClass::gender, make<VCardGenderValue>}},
+    {cVCardValue_Org, {ValueClass::organisation, make<VCardOrgValue>}},
+    {cVCardValue_Geo3_0, {ValueClass::geo, make<VCardGeoValue>}},
+    {cVCardValue_Custom, {ValueClass::custom, make<VCardCustomValue>}},
 });
 
 } // namespace
 
 ValueMaker valueMakerFor(TextView type) {
   const auto* row = kMakers.findIgnoringCase(type);
-  return row != nullptr ? row->value : nullptr;
+  return row != nullptr ? row->value.make : nullptr;
+}
+
+ValueClass valueClassFor(TextView type) {
+  const auto* row = kMakers.findIgnoringCase(type);
+  return row != nullptr ? row->value.valueClass : ValueClass::extension;
 }
 
 std::shared_ptr<VCardValue> VCardValue::valueWithType(std::optional<TextView> type) {

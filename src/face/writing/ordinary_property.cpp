@@ -11,8 +11,8 @@
 #include "cardwright/vcard_text_value.h"
 #include "cardwright/vcard_uri_value.h"
 #include "cardwright/vocabulary.h"
-#include "model/known_names.h"
 #include "model/stored_parts.h"
+#include "model/value_types.h"
 #include "values/source_text.h"
 #include "values/valid_xml.h"
 
@@ -27,15 +27,6 @@ namespace {
 
 bool isPlainUpperName(TextView name) noexcept {
   return isPlainName(name) && std::none_of(name.begin(), name.end(), isAsciiLower);
-}
-
-/// The type of value that a reader takes for granted.
-TextView typeRead(TextView name, VersionCode version) noexcept {
-  const KnownName* known = knownName(name);
-  if (known == nullptr) {
-    return cVCardValue_TEXT;
-  }
-  return version < 4 ? known->value.below4 : known->value.type;
 }
 
 /// How a text must be so that it is written as it stands, or with escapes only.
@@ -169,7 +160,7 @@ bool isOrdinary(const VCardProperty& property, const WritingContext& context) {
   const bool mayBeWritten = value != nullptr && isPlainUpperName(name) && name != u"BEGIN" &&
                             name != u"END" && (!property.group() || isPlainName(*property.group()));
   return mayBeWritten && areOrdinaryParameters(property, context.syntax) &&
-         isOrdinaryContent(*value, typeRead(name, context.stated), property);
+         isOrdinaryContent(*value, defaultTypeOf(name, context.stated), property);
 }
 
 } // namespace cardwright
