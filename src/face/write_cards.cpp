@@ -1,3 +1,4 @@
+#include "base/ascii.h"
 #include "base/case.h"
 #include "cardwright/face.h"
 #include "cardwright/utf8.h"
@@ -76,8 +77,12 @@ struct Entry {
   }
 };
 
+/// Whether the name, once it is made harmless, may be that of a label or an address format.
 bool mayBeCompanion(const VCardProperty& property) {
   const TextView name = property.name();
+  if (!name.empty() && isAsciiLetter(name.front()) && asciiUpper(name.front()) != kLabel.front()) {
+    return false;
+  }
   return !isPlainName(name) || equalIgnoringCase(name, kLabel) ||
          equalIgnoringCase(name, kAddressFormat);
 }
@@ -91,42 +96,62 @@ class CardWriting {
 
   void write(const Properties& properties) {
     m_output.append(cVCardComponent_BEGINVCARD).append(u"\r\n");
-    const bool hasCompanions =
-        std::any_of(properties.begin(), properties.end(),
-                    [](const VCardProperty* property) { return mayBeCompanion(*property); });
-    for (const VCardProperty* property : properties) {
-      m_context.recorder.propertyFound();
-      if (std::optional<Entry> entry = entryOf(*property)) {
-        if (hasCompanions) {
-          m_entries.push_back(std::move(*entry));
-        } else {
-          append(*entry);
-        }
-      }
+    if (std::none_of(properties.begin(), properties.end(),
+                     [](const VCardProperty* property) { return mayBeCompanion(*property); })) {
+      writeInOrder(properties);
+    } else {
+      writeWithCompanions(properties);
     }
-    findHosts();
-    appendEntries();
     m_output.append(cVCardComponent_ENDVCARD).append(u"\r\n");
   }
 
  private:
-  /// Absent for a property that is not written.
-  [[nodiscard]] std::optional<Entry> entryOf(const VCardProperty& property) const {
-    std::optional<Entry> entry(Entry{.property = &property, .line = std::nullopt, .group = {}});
+  void writeInOrder(const Properties& properties) {
+    for (const VCardProperty* property : properties) {
+      m_context.recorder.propertyFound();
+      if (isOrdinary(*property, m_context)) {
+        property->generate(m_output, m_context.syntax, &m_context.formatter);
+      } else if (const auto line = safeLine(*property, m_context)) {
+        appendLine(m_output, *line);
+      }
+    }
+  }
+
+  void writeWithCompanions(const Properties& properties) {
+    m_entries.reserve(properties.size());
+    for (const VCardProperty* property : properties) {
+      m_context.recorder.propertyFound();
+      addEntry(*property);
+    }
+    findHosts();
+    appendEntries();
+  }
+
+  void addEntry(const VCardProperty& property) {
+    Entry entry{.property = &property, .line = std::nullopt, .group = {}};
     if (!mayBeCompanion(property) && isOrdinary(property, m_context)) {
-      entry->group = property.group() ? caseFolded(*property.group()) : Text();
-      return entry;
+      entry.group = property.group() ? caseFolded(*property.group()) : Text();
+    } else if ((entry.line = companionLine(property))) {
+      entry.group = entry.line->group ? caseFolded(*entry.line->group) : Text();
+      entry.isLabel = entry.line->group && entry.line->key == kLabel;
+      entry.isAddressFormat = entry.line->group && entry.line->key == kAddressFormat;
+    } else {
+      return;
     }
-    entry->line = safeLine(property, m_context);
-    if (!entry->line) {
-      return std::nullopt;
+    m_entries.push_back(std::move(entry));
+  }
+
+  /// safeLine, where it is ordinary without its detours. Companions have to be compared.
+  [[nodiscard]] std::optional<SafeLine> companionLine(const VCardProperty& property) const {
+    if (!StoredParts::of(property).empty() || !isOrdinary(property, m_context)) {
+      return safeLine(property, m_context);
     }
-    if (entry->line->group) {
-      entry->group = caseFolded(*entry->line->group);
-      entry->isLabel = entry->line->key == kLabel;
-      entry->isAddressFormat = entry->line->key == kAddressFormat;
-    }
-    return entry;
+    SafeLine line;
+    line.group = property.group();
+    line.key = line.rest = property.name();
+    line.rest.push_back(u':');
+    StoredParts::valueOf(property)->generate(line.rest, m_context.syntax, &m_context.formatter);
+    return line;
   }
 
   void findHosts() {

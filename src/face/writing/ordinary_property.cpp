@@ -11,6 +11,7 @@
 #include "cardwright/vcard_text_value.h"
 #include "cardwright/vcard_uri_value.h"
 #include "cardwright/vocabulary.h"
+#include "model/known_names.h"
 #include "model/stored_parts.h"
 #include "model/value_types.h"
 #include "values/source_text.h"
@@ -129,7 +130,8 @@ bool isOrdinaryValue(TextView parameter, TextView value, VersionCode syntax) {
 bool areOrdinaryParameters(const VCardProperty& property, VersionCode syntax) {
   for (const auto& [key, parameter] : StoredParts::of(property).entries()) {
     const TextView name = key.view();
-    if (parameter == nullptr || parameter->name() != name || !isPlainUpperName(name) ||
+    const bool isPlain = knownName(name) != nullptr || isPlainUpperName(name);
+    if (parameter == nullptr || parameter->name() != name || !isPlain ||
         name == cVCardParameter_CHARSET || name == cVCardParameter_VALUE) {
       return false;
     }
@@ -157,10 +159,19 @@ bool isPlainName(TextView name) noexcept {
 bool isOrdinary(const VCardProperty& property, const WritingContext& context) {
   const TextView name = property.name();
   const VCardValue* const value = StoredParts::valueOf(property);
-  const bool mayBeWritten = value != nullptr && isPlainUpperName(name) && name != u"BEGIN" &&
-                            name != u"END" && (!property.group() || isPlainName(*property.group()));
-  return mayBeWritten && areOrdinaryParameters(property, context.syntax) &&
-         isOrdinaryContent(*value, defaultTypeOf(name, context.stated), property);
+  // Well-known names are plain, and none of them frames a card.
+  const KnownName* const known = knownName(name);
+  const bool mayBeWritten =
+      value != nullptr &&
+      (known != nullptr || (isPlainUpperName(name) && name != u"BEGIN" && name != u"END")) &&
+      (!property.group() || isPlainName(*property.group()));
+  if (!mayBeWritten || !areOrdinaryParameters(property, context.syntax)) {
+    return false;
+  }
+  const TextView wanted = known == nullptr     ? defaultTypeOf(name, context.stated)
+                          : context.stated < 4 ? known->value.below4
+                                               : known->value.type;
+  return isOrdinaryContent(*value, wanted, property);
 }
 
 } // namespace cardwright
