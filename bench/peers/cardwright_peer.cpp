@@ -30,8 +30,9 @@ class Cardwright : public peers::Peer {
     constexpr VersionCode kVersion = 3;
     DateFormatter formatter;
     std::string output;
+    Text text;
     for (const auto& card : m_cards) {
-      Text text;
+      text.clear();
       card->generate(text, kVersion, &formatter);
       appendUtf8(output, text);
     }

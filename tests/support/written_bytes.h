@@ -12,8 +12,9 @@ namespace cardwright {
 inline std::string writtenBytes(const VCardList& cards) {
   DateFormatter formatter;
   std::string output;
+  Text text;
   for (const auto& card : cards) {
-    Text text;
+    text.clear();
     card->generate(text, static_cast<VersionCode>(card->version()), &formatter);
     appendUtf8(output, text);
   }
