@@ -3,6 +3,7 @@
 #include "cardwright/text.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace cardwright {
 
@@ -24,6 +25,14 @@ namespace cardwright {
 
 [[nodiscard]] constexpr bool isAsciiDigit(char16_t unit) noexcept {
   return unit >= u'0' && unit <= u'9';
+}
+
+/// Letters, digits and hyphens, of which names of properties consist.
+[[nodiscard]] constexpr bool isAsciiNameUnit(char16_t unit) noexcept {
+  constexpr std::uint64_t kDigitsAndHyphen = std::uint64_t{0x3FF} << u'0' | std::uint64_t{1}
+                                                                                << u'-';
+  constexpr std::uint64_t kLetters = 0x07FFFFFE07FFFFFEU;
+  return isAscii(unit) && ((unit < 64 ? kDigitsAndHyphen : kLetters) >> unit % 64 & 1U) != 0;
 }
 
 [[nodiscard]] constexpr char16_t asciiUpper(char16_t unit) noexcept {

@@ -17,8 +17,7 @@ constexpr std::size_t kColonReach = 128;
 
 std::size_t addressBookServerNameStart(TextView text, std::size_t position) noexcept {
   std::size_t end = position;
-  while (end < text.size() &&
-         (isAsciiLetter(text[end]) || isAsciiDigit(text[end]) || text[end] == u'-')) {
+  while (end < text.size() && isAsciiNameUnit(text[end])) {
     ++end;
   }
   const bool isGroup = end > position && end + 1 < text.size() && text[end] == u'.';

@@ -17,9 +17,7 @@ bool isOfFixedWords(TextView name) {
 
 /// Whether a value is written as it stands but for its case, without quotes.
 bool isWord(TextView value) noexcept {
-  return std::all_of(value.begin(), value.end(), [](char16_t unit) {
-    return isAsciiLetter(unit) || isAsciiDigit(unit) || unit == u'-';
-  });
+  return std::all_of(value.begin(), value.end(), isAsciiNameUnit);
 }
 
 void appendValue(Text& output, TextView value, bool isUpperCased) {

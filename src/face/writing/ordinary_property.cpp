@@ -151,9 +151,7 @@ bool areOrdinaryParameters(const VCardProperty& property, VersionCode syntax) {
 } // namespace
 
 bool isPlainName(TextView name) noexcept {
-  return !name.empty() && std::all_of(name.begin(), name.end(), [](char16_t unit) {
-    return isAsciiLetter(unit) || isAsciiDigit(unit) || unit == u'-';
-  });
+  return !name.empty() && std::all_of(name.begin(), name.end(), isAsciiNameUnit);
 }
 
 bool isOrdinary(const VCardProperty& property, const WritingContext& context) {
