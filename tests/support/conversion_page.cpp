@@ -32,9 +32,12 @@ For all versions:
 - Damaged base64 stays as it is, and is named.
 
 Lost for good are only the things that are marked "dropped" below. The way there and back may change:
-a name that belongs to the other version already (RELATED in 3.0, X-QQ in 4.0), which comes back as
-what it is called where it was brought; VALUE where the version implies it; and the types of media,
-which the bytes tell.
+what belongs to the other version already, names, parameters, types and encodings (RELATED, PREF,
+BASE64, data: URIs and dates without a year in 3.0, X-QQ and TYPE=pref in 4.0), which comes back in the
+form of the version where it was brought; VALUE where the version implies it, and in a TZ that is no
+offset; blanks in base64; the types of media that it holds, which the bytes tell; X-GENDER:F, JPG and
+WAV, which come back as Female, JPEG and WAVE; types said twice. The order of parameters is that of
+writing.
 )";
 
 const char* nameOf(VersionCode version) {

@@ -1,158 +1,89 @@
 #include "support/conversion_trip.h"
 
-#include "base/case.h"
 #include "cardwright/face.h"
-#include "cardwright/utf8.h"
-#include "cardwright/vcard_date_time_value.h"
 #include "cardwright/vocabulary.h"
+#include "support/essence.h"
 
-#include <algorithm>
-#include <array>
 #include <map>
-#include <vector>
+#include <utility>
 
 namespace cardwright {
 
 namespace {
 
-/// A property as it should come back: group and name, what the tables say comes back in another
-/// form brought into one, and the value as it is written.
-struct Essence {
-  Text name;
-  Text value;
-  TextList types;
+/// Finds essences again, each only once.
+class Returned {
+ public:
+  void add(Essence essence) { ++m_counts[std::move(essence)]; }
+  bool take(const Essence& essence) {
+    const auto found = m_counts.find(essence);
+    if (found == m_counts.end() || found->second == 0) {
+      return false;
+    }
+    --found->second;
+    return true;
+  }
 
-  friend auto operator<=>(const Essence&, const Essence&) = default;
+ private:
+  std::map<Essence, std::size_t> m_counts;
 };
 
-bool isEqual(TextView a, TextView b) {
-  return equalIgnoringCase(a, b);
-}
-
-/// The name under which a version may come back from the other one.
-Text nameOf(const VCardProperty& property) {
-  Text name = upperCased(property.name());
-  if (name.starts_with(u"X-ADDRESSBOOKSERVER-")) {
-    name.erase(0, Text(u"X-ADDRESSBOOKSERVER-").size());
-  }
-  // Parked and restored, whichever it was.
-  if (name.starts_with(u"X-")) {
-    name.erase(0, 2);
-  }
-  return name;
-}
-
-VCardList alone(const std::shared_ptr<VCardProperty>& property) {
-  auto card = std::make_shared<VCard>();
-  card->addProperty(property);
-  return {card};
-}
-
-/// The value behind the colon of the unfolded line, without escapes.
-Text writtenValue(const std::shared_ptr<VCardProperty>& property) {
-  auto bare = VCardProperty::propertyWithName(u"X-A", property->value());
-  Text text = textFromUtf8(writeCards(alone(bare), nullptr, {4}));
-  for (std::size_t fold = 0; (fold = text.find(u"\r\n ", fold)) != Text::npos;) {
-    text.erase(fold, 3);
-  }
-  const std::size_t begin = text.find(u"\nX-A") + 4;
-  const std::size_t colon = text.find(u':', begin);
-  text = text.substr(colon + 1, text.find(u'\r', colon) - colon - 1);
-  std::erase(text, u'\\');
-  return text;
-}
-
-template <typename Predicate>
-void keepOnly(Text& text, Predicate predicate) {
-  std::erase_if(text, [&](char16_t unit) { return !predicate(unit); });
-}
-
-/// Pictures by their digits, positions by their numbers, telephones without their scheme.
-Text valueOf(const std::shared_ptr<VCardProperty>& property, const Text& name) {
-  Text value = property->value() != nullptr ? writtenValue(property) : Text();
-  const bool isMedia = name == u"PHOTO" || name == u"LOGO" || name == u"SOUND" || name == u"KEY";
-  if (const std::size_t comma = value.find(u";base64,"); isMedia && comma != Text::npos) {
-    value.erase(0, comma + 8);
-  }
-  if (isMedia) {
-    std::erase_if(value, [](char16_t unit) { return unit == u' ' || unit == u'n'; });
-  }
-  if (name == u"TEL" && value.starts_with(u"tel:")) {
-    value.erase(0, 4);
-  }
-  if (name == u"TZ") {
-    std::erase(value, u':');
-  }
-  if (name == u"GENDER") {
-    // One letter for either form.
-    value.resize(value == u"Male" || value == u"Female" ? 1 : value.size());
-  }
-  return value;
-}
-
-TextList typesOf(const VCardProperty& property) {
-  TextList types;
-  for (const TextView key : {TextView(u"TYPE"), TextView(u"X-TYPE")}) {
-    if (const auto parameter = property.parameterWithName(key)) {
-      for (const Text& type : parameter->values()) {
-        const Text upper = upperCased(type);
-        const bool isMedium = upper == u"JPEG" || upper == u"JPG" || upper == u"PNG" ||
-                              upper == u"GIF" || upper == u"TIFF" || upper == u"BMP" ||
-                              upper == u"WEBP" || upper == u"WAVE" || upper == u"WAV" ||
-                              upper == u"OGG" || upper == u"MP3" || upper == u"BASIC" ||
-                              upper == u"PGP" || upper == u"X509";
-        // Listed as dropped, stated as PREF, or told by the bytes.
-        if (!isEqual(type, u"internet") && !isEqual(type, u"pref") && !isMedium) {
-          types.push_back(upper);
-        }
-      }
-    }
-  }
-  std::sort(types.begin(), types.end());
-  types.erase(std::unique(types.begin(), types.end()), types.end());
-  return types;
-}
-
-/// Whoever stands in another's card is the same under either name.
-void uniteNames(Essence& essence, const VCardProperty& property) {
-  constexpr std::array<TextView, 5> kRelations = {u"SPOUSE", u"CHILD", u"MANAGER", u"ASSISTANT",
-                                                  u"AGENT"};
-  if (std::find(kRelations.begin(), kRelations.end(), essence.name) != kRelations.end()) {
-    essence.types.push_back(essence.name);
-    std::sort(essence.types.begin(), essence.types.end());
-    essence.name = u"RELATED";
-  }
-  if (const auto former = property.valueOfParameterWithName(u"X-FORMERLY")) {
-    essence.name = Text(former->substr(2));
-    essence.value.erase(0, essence.value.find(u':') + 1);
-  }
-}
-
-std::vector<Essence> essencesOf(const VCard& card) {
-  std::vector<Essence> all;
+VCardPropertyList propertiesOf(const VCard& card) {
+  VCardPropertyList all;
   for (const auto& [key, list] : card.propertyDict()) {
-    for (const auto& property : *list) {
-      const Text name = nameOf(*property);
-      if (name == u"VERSION") {
-        continue;
-      }
-      Essence essence{name, valueOf(property, name), typesOf(*property)};
-      uniteNames(essence, *property);
-      essence.name.push_back(u' ');
-      essence.name.append(property->group().value_or(u"-"));
-      all.push_back(std::move(essence));
-    }
+    all.insert(all.end(), list->begin(), list->end());
   }
-  std::sort(all.begin(), all.end());
   return all;
 }
 
-std::string told(const Essence& essence) {
-  std::string text = utf8FromText(essence.name) + ":" + utf8FromText(essence.value);
-  for (const Text& type : essence.types) {
-    text.append(" ").append(utf8FromText(type));
+/// A name that the version asks for is made on the way.
+bool mayBeMade(const VCardProperty& property) {
+  return property.name() == cVCardProperty_FN || property.name() == cVCardProperty_N;
+}
+
+/// What did not come back, and what came in its stead.
+std::string differences(const VCard& before, const VCard& after, VersionCode home,
+                        VersionCode there) {
+  std::string surprises;
+  Returned whole;
+  VCardPropertyList left;
+  for (const auto& property : propertiesOf(after)) {
+    whole.add(wholeEssence(property, home));
   }
-  return text + "\n";
+  VCardPropertyList foreign;
+  Returned taken;
+  for (const auto& property : propertiesOf(before)) {
+    const Essence essence = wholeEssence(property, home);
+    if (whole.take(essence)) {
+      taken.add(essence);
+    } else if (isForeign(*property, home, there)) {
+      foreign.push_back(property);
+    } else {
+      surprises.append("- ").append(told(essence));
+    }
+  }
+  Returned common;
+  for (const auto& property : propertiesOf(after)) {
+    if (!taken.take(wholeEssence(property, home))) {
+      common.add(commonEssence(property));
+      left.push_back(property);
+    }
+  }
+  Returned matched;
+  for (const auto& property : foreign) {
+    const Essence essence = commonEssence(property);
+    if (common.take(essence)) {
+      matched.add(essence);
+    } else {
+      surprises.append("- foreign ").append(told(essence));
+    }
+  }
+  for (const auto& property : left) {
+    if (!matched.take(commonEssence(property)) && !mayBeMade(*property)) {
+      surprises.append("+ ").append(told(wholeEssence(property, home)));
+    }
+  }
+  return surprises;
 }
 
 /// Converts, and looks at the sums and at a second conversion.
@@ -198,16 +129,14 @@ std::string conversionTripSurprises(const VCard& card, VersionCode home, Version
   if (after.empty()) {
     return surprises;
   }
-  const std::vector<Essence> wanted = essencesOf(*before[0]);
-  const std::vector<Essence> found = essencesOf(*after[0]);
-  std::vector<Essence> missing;
-  std::set_difference(wanted.begin(), wanted.end(), found.begin(), found.end(),
-                      std::back_inserter(missing));
-  if (!missing.empty()) {
-    for (const Essence& essence : missing) {
-      surprises.append("- ").append(told(essence));
-    }
-    surprises += "before: " + writeCards(before) + "there: " + writeCards(away) +
+  std::string lost = differences(*before[0], *after[0], home, there);
+  if (lost.empty()) {
+    // What has been home once has nothing foreign left.
+    const VCardList again = convertCards(convertCards(after, there), home);
+    lost = differences(*after[0], *again[0], home, there);
+  }
+  if (!lost.empty()) {
+    surprises += lost + "before: " + writeCards(before) + "there: " + writeCards(away) +
                  "after: " + writeCards(after);
   }
   return surprises;

@@ -17,20 +17,30 @@ namespace {
 /// What a label and its address have in common: group and types.
 using Place = std::pair<std::optional<Text>, std::set<Text>>;
 
-Place placeOf(const Draft& draft) {
+bool isDroppedBy(std::span<const Rule> rules, TextView name) {
+  const Rule* rule = ruleFor(rules, name);
+  return rule != nullptr && rule->action == Action::drop;
+}
+
+Place placeOf(const Draft& draft, const ConversionStep& step) {
   Place place{draft.group, {}};
   if (const TextList* types = draft.valuesOf(cVCardParameter_TYPE)) {
     for (const Text& type : *types) {
-      place.second.insert(caseFolded(type));
+      if (!isDroppedBy(step.table.types, type)) {
+        place.second.insert(caseFolded(type));
+      }
     }
   }
   return place;
 }
 
-bool hasOnlyTypes(const Draft& draft) {
-  return std::all_of(
-      draft.parameters.begin(), draft.parameters.end(),
-      [](const DraftParameter& parameter) { return parameter.key == cVCardParameter_TYPE; });
+/// Whether the types are all that a property has but for its value.
+bool hasOnlyTypes(const Draft& draft, const ConversionStep& step) {
+  return std::all_of(draft.parameters.begin(), draft.parameters.end(),
+                     [&step](const DraftParameter& parameter) {
+                       return parameter.key == cVCardParameter_TYPE ||
+                              isDroppedBy(step.table.parameters, parameter.key);
+                     });
 }
 
 /// Makes a property a parameter of another one.
@@ -46,7 +56,7 @@ void mergeLabels(Drafts& drafts, const ConversionStep& step) {
   std::map<Place, std::vector<Draft*>> addresses;
   for (Draft& draft : drafts) {
     if (draft.name == cVCardProperty_ADR && draft.valuesOf(cVCardParameter_LABEL) == nullptr) {
-      addresses[placeOf(draft)].push_back(&draft);
+      addresses[placeOf(draft, step)].push_back(&draft);
     }
   }
   std::map<Place, std::size_t> used;
@@ -54,10 +64,10 @@ void mergeLabels(Drafts& drafts, const ConversionStep& step) {
     if (draft.name != cVCardProperty_LABEL) {
       continue;
     }
-    const Place place = placeOf(draft);
+    const Place place = placeOf(draft, step);
     const auto found = addresses.find(place);
     std::size_t& next = used[place];
-    if (found != addresses.end() && next < found->second.size() && hasOnlyTypes(draft) &&
+    if (found != addresses.end() && next < found->second.size() && hasOnlyTypes(draft, step) &&
         !draft.text().value_or(TextView()).empty()) {
       merge(draft, *found->second[next++], cVCardParameter_LABEL, step);
     } else {
@@ -118,7 +128,7 @@ void splitParameters(Drafts& drafts, const ConversionStep& step) {
   Drafts added;
   for (Draft& draft : drafts) {
     if (draft.name == cVCardProperty_ADR) {
-      const Place place = placeOf(draft);
+      const Place place = placeOf(draft, step);
       if (draft.valuesOf(cVCardParameter_LABEL) == nullptr) {
         unlabelled.insert(place);
         continue;

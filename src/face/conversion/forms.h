@@ -17,6 +17,11 @@ bool convertAgent(Draft& draft, const ConversionStep& step);
 bool convertMember(Draft& draft, const Rule& rule, const ConversionStep& step);
 bool convertMessenger(Draft& draft, const ConversionStep& step);
 
+/// A date, with a time or not, as the versions below 4 have it; null for what they cannot hold.
+std::shared_ptr<VCardValue> dateBelow4(const VCardValue& value);
+/// The same date as another kind of date; null where one of the two is none.
+std::shared_ptr<VCardValue> dateOfKind(TextView kind, const VCardValue& value);
+
 /// Gives a property another name and tells.
 void rename(Draft& draft, TextView name, ConversionKind kind, const ConversionStep& step);
 

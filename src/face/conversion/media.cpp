@@ -40,7 +40,8 @@ constexpr Media kMedia[] = {
 };
 
 constexpr TextView kUnknown = u"application/octet-stream";
-constexpr TextView kParkedMediaType = u"X-MEDIATYPE";
+constexpr TextView kNoMediaType = u"none";
+constexpr TextView kDataType = u"X-DATA-TYPE"; ///< what a data: URI says and the bytes do not
 constexpr TextView kParkedEncoding = u"X-ENCODING";
 
 /// What media types of a property begin with.
@@ -49,6 +50,11 @@ TextView familyOf(TextView propertyName) noexcept {
     return u"audio/";
   }
   return propertyName == cVCardProperty_KEY ? u"application/" : u"image/";
+}
+
+/// Some write the media type itself.
+bool hasTypeOf(const Draft& draft, const Media& media) {
+  return draft.hasType(media.type) || draft.hasType(media.mediaType);
 }
 
 /// The media type that the bytes show, or else the types.
@@ -63,7 +69,7 @@ TextView mediaTypeOf(const Draft& draft, TextView base64) {
     }
   }
   for (const Media& media : kMedia) {
-    if (media.mediaType.starts_with(family) && draft.hasType(media.type)) {
+    if (media.mediaType.starts_with(family) && hasTypeOf(draft, media)) {
       return media.mediaType;
     }
   }
@@ -74,6 +80,7 @@ void removeMediaTypes(Draft& draft) {
   for (const Media& media : kMedia) {
     if (media.mediaType.starts_with(familyOf(draft.name))) {
       draft.removeType(media.type);
+      draft.removeType(media.mediaType);
     }
   }
 }
@@ -91,12 +98,14 @@ void toUri(Draft& draft, const ConversionStep& step) {
     step.recorder.changed(ConversionKind::broken, draft, {}, draft.name, text);
     return;
   }
-  const TextView parked = draft.firstOf(kParkedMediaType).value_or(TextView());
+  const TextView parked = draft.firstOf(kDataType).value_or(TextView());
   Text uri = u"data:";
-  uri.append(parked.empty() ? mediaTypeOf(draft, *base64) : parked);
+  if (parked != kNoMediaType) {
+    uri.append(parked.empty() ? mediaTypeOf(draft, *base64) : parked);
+  }
   uri.append(u";base64,").append(*base64);
   draft.setUri(uri);
-  draft.remove(kParkedMediaType);
+  draft.remove(kDataType);
   draft.remove(cVCardParameter_ENCODING);
   removeMediaTypes(draft);
   step.recorder.changed(ConversionKind::reencoded, draft, {}, u"data:", {});
@@ -140,12 +149,12 @@ bool toBinary(Draft& draft, const ConversionStep& step) {
   }
   draft.setText(digits);
   draft.set(cVCardParameter_ENCODING, {Text(cVCardParameter_ENCODING_B)});
-  const Media* media = mediaOf(draft, mediaType);
+  const Media* media = mediaOf(draft, TextView(mediaType).substr(0, mediaType.find(u';')));
   if (media != nullptr) {
     draft.append(cVCardParameter_TYPE, Text(media->type));
   }
   if (mediaTypeOf(draft, digits) != mediaType) {
-    draft.set(kParkedMediaType, {mediaType});
+    draft.set(kDataType, {mediaType.empty() ? Text(kNoMediaType) : mediaType});
   }
   step.recorder.changed(ConversionKind::reencoded, draft, {}, u"ENCODING=B", {});
   return true;

@@ -4,6 +4,7 @@
 #include "cardwright/vcard_x_value.h"
 #include "cardwright/vocabulary.h"
 #include "face/conversion/companions.h"
+#include "face/conversion/forms.h"
 #include "face/writing/value_kind.h"
 
 #include <vector>
@@ -174,11 +175,29 @@ void plainValue(Draft& draft) {
 
 void restoreValue(Draft& draft) {
   const auto parked = draft.firstOf(kParkedValue);
-  if (!parked || !draft.text()) {
+  if (!parked) {
     return;
   }
-  draft.value = valueOfType(*parked, Text(*draft.text()));
+  if (draft.text()) {
+    draft.value = valueOfType(*parked, Text(*draft.text()));
+  } else if (const auto date = dateOfKind(*parked, *draft.value)) {
+    draft.value = date;
+  } else {
+    return;
+  }
   draft.remove(kParkedValue);
+}
+
+/// Keeps a kind of value that the version does not have: dates as its own, all others as text.
+void parkValue(Draft& draft, TextView type, ConversionRecorder& recorder) {
+  const Text unknown = upperCased(type);
+  recorder.changed(ConversionKind::parked, draft, cVCardParameter_VALUE, kParkedValue, unknown);
+  draft.set(kParkedValue, {unknown});
+  if (const auto date = dateBelow4(*draft.value)) {
+    draft.value = date;
+  } else {
+    draft.setText(wholeText(*draft.value));
+  }
 }
 
 } // namespace
@@ -206,10 +225,7 @@ void stateValue(Draft& draft, VersionCode version, ConversionRecorder& recorder)
     type = cVCardValue_URL;
     draft.value = valueOfType(cVCardValue_URL, wholeText(*draft.value));
   } else if (type && version > 2 && !valueIsSupportedForVersion(*type, version)) {
-    const Text unknown = upperCased(*type);
-    recorder.changed(ConversionKind::parked, draft, cVCardParameter_VALUE, kParkedValue, unknown);
-    draft.set(kParkedValue, {unknown});
-    draft.setText(wholeText(*draft.value));
+    parkValue(draft, *type, recorder);
     type = typeToState(*draft.value, draft.name, version, std::nullopt);
   }
   if (type) {

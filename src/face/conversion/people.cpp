@@ -33,6 +33,14 @@ TextView onlyType(const Draft& draft) noexcept {
   return types != nullptr && types->size() == 1 ? TextView(types->front()) : TextView();
 }
 
+/// Whether a property has a type that is none of preference, which any property may have.
+bool hasOwnType(const Draft& draft) {
+  const TextList* types = draft.valuesOf(cVCardParameter_TYPE);
+  return types != nullptr && std::any_of(types->begin(), types->end(), [](const Text& type) {
+           return !equalIgnoringCase(type, cVCardParameter_TYPE_PREF);
+         });
+}
+
 /// Whether a text is one of the sexes of version 4, with a gender identity behind it or not.
 bool isGender(TextView text) noexcept {
   const TextView sex = text.substr(0, text.find(u';'));
@@ -174,10 +182,10 @@ bool convertRelation(Draft& draft, const ConversionStep& step) {
     const auto* const relation =
         std::find_if(std::begin(kRelations), std::end(kRelations),
                      [&](const Relation& one) { return one.name == draft.name; });
-    if (draft.valuesOf(cVCardParameter_TYPE) != nullptr || !draft.text() || isUri(draft)) {
+    if (hasOwnType(draft) || !draft.text() || isUri(draft)) {
       return false;
     }
-    draft.set(cVCardParameter_TYPE, {Text(relation->type)});
+    draft.append(cVCardParameter_TYPE, Text(relation->type));
     rename(draft, cVCardProperty_RELATED, ConversionKind::reencoded, step);
     return true;
   }
@@ -199,10 +207,10 @@ bool convertRelation(Draft& draft, const ConversionStep& step) {
 }
 
 bool convertAgent(Draft& draft, const ConversionStep& step) {
-  if (!isUri(draft) || draft.valuesOf(cVCardParameter_TYPE) != nullptr) {
+  if (!isUri(draft) || hasOwnType(draft)) {
     return false;
   }
-  draft.set(cVCardParameter_TYPE, {Text(cVCardParameter_TYPE_RELATED_AGENT)});
+  draft.append(cVCardParameter_TYPE, Text(cVCardParameter_TYPE_RELATED_AGENT));
   rename(draft, cVCardProperty_RELATED, ConversionKind::reencoded, step);
   return true;
 }

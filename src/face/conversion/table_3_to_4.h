@@ -32,7 +32,8 @@ inline constexpr Rule kProperties3To4[] = {
     {u"X-CHILD", Action::reencode, u"RELATED", Form::relation, u"text with TYPE=child"},
     {u"X-GADUGADU", Action::reencode, u"IMPP", Form::messenger, u"as X-AIM"},
     {u"X-GENDER", Action::reencode, u"GENDER", Form::gender,
-     u"Male and Female are M and F; what is no gender of 4.0 stays"},
+     u"Male and Female are M and F, which stand for both on the way back; what is no gender of 4.0 "
+     u"stays"},
     {u"X-GOOGLE-TALK", Action::reencode, u"IMPP", Form::messenger, u"as X-AIM"},
     {u"X-GTALK", Action::reencode, u"IMPP", Form::messenger, u"as X-AIM"},
     {u"X-ICQ", Action::reencode, u"IMPP", Form::messenger, u"as X-AIM"},
