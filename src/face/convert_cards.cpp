@@ -2,6 +2,7 @@
 #include "cardwright/date_formatter.h"
 #include "cardwright/face.h"
 #include "cardwright/vcard_multi_value.h"
+#include "cardwright/vcard_text_value.h"
 #include "cardwright/vocabulary.h"
 #include "face/conversion/companions.h"
 #include "face/conversion/forms.h"
@@ -41,10 +42,10 @@ void restore(Draft& draft, const Rule& rule, const ConversionStep& step) {
   rename(draft, rule.name, ConversionKind::restored, step);
   const bool isList =
       VCardProperty::propertyWithName(rule.name, draft.value)->isMultiValueProperty();
-  if (isList && draft.text()) {
+  if (isList && dynamic_cast<const VCardTextValue*>(draft.value.get()) != nullptr) {
     auto list = VCardMultiValue::valueWithType(cVCardValue_TEXT);
     DateFormatter formatter("en_US_POSIX");
-    list->parse(*draft.text(), step.table.to, &formatter);
+    list->parse(draft.text().value_or(TextView()), step.table.to, &formatter);
     draft.value = list;
   }
 }
@@ -132,7 +133,8 @@ void stateVersion(Drafts& drafts, VersionCode version, ConversionRecorder& recor
     } else if (draft.text() != stated.text()) {
       recorder.changed(ConversionKind::reencoded, draft, {}, *stated.text(),
                        draft.text().value_or(TextView()));
-      draft = stated;
+      draft.value = stated.value;
+      draft.remove(cVCardParameter_VALUE);
     }
     isFirst = false;
   }

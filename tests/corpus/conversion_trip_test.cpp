@@ -1,5 +1,6 @@
 #include "cardwright/face.h"
 #include "support/address_book.h"
+#include "support/built_card.h"
 #include "support/conversion_trip.h"
 #include "support/corpus.h"
 #include "support/round_trip.h"
@@ -85,6 +86,21 @@ TEST(ConversionTrip, survivesStrangeCards) {
         ASSERT_EQ(conversionSurprises(*card, version), "")
             << "card " << i << ", seed " << seed << ": " << ::testing::PrintToString(text);
       }
+    }
+  }
+}
+
+TEST(ConversionTrip, survivesCardsThatHoldWhatNoTextCould) {
+  const std::uint64_t seed = testSeed();
+  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 1'000);
+  HostilePieces pieces(seed);
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const Text text = pieces.card();
+    const auto card = builtCard(text);
+    removeUnpromised(*card);
+    for (const VersionCode version : {2, 3, 4}) {
+      ASSERT_EQ(conversionSurprises(*card, version), "")
+          << "card " << i << ", seed " << seed << ": " << ::testing::PrintToString(text);
     }
   }
 }

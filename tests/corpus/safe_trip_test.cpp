@@ -1,5 +1,6 @@
 #include "cardwright/face.h"
 #include "support/address_book.h"
+#include "support/built_card.h"
 #include "support/corpus.h"
 #include "support/round_trip.h"
 #include "support/safe_trip.h"
@@ -61,6 +62,22 @@ TEST(SafeTrip, keepsStrangeCards) {
             << "card " << i << ", seed " << seed << ", version " << version << ": "
             << ::testing::PrintToString(text);
       }
+    }
+  }
+}
+
+TEST(SafeTrip, keepsCardsThatHoldWhatNoTextCould) {
+  const std::uint64_t seed = testSeed();
+  const std::uint64_t count = environmentNumber("CARDWRIGHT_CARDS", 3'000);
+  HostilePieces pieces(seed);
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const Text text = pieces.card();
+    const auto card = builtCard(text);
+    removeUnpromised(*card);
+    for (const VersionCode version : kOwnAndAll) {
+      ASSERT_EQ(safeTripSurprises(*card, version), "")
+          << "card " << i << ", seed " << seed << ", version " << version << ": "
+          << ::testing::PrintToString(text);
     }
   }
 }

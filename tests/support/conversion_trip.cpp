@@ -1,10 +1,13 @@
 #include "support/conversion_trip.h"
 
+#include "base/case.h"
 #include "cardwright/face.h"
+#include "cardwright/utf8.h"
 #include "cardwright/vocabulary.h"
 #include "support/essence.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace cardwright {
@@ -86,14 +89,104 @@ std::string differences(const VCard& before, const VCard& after, VersionCode hom
   return surprises;
 }
 
-/// Converts, and looks at the sums and at a second conversion.
+using Names = std::map<std::string, std::size_t>;
+
+std::string groupedName(const VCardProperty& property) {
+  Text name;
+  if (property.group()) {
+    name.append(*property.group()).push_back(u'.');
+  }
+  return utf8FromText(name.append(upperCased(property.name())));
+}
+
+Names namesOf(const VCard& card) {
+  Names names;
+  for (const auto& property : propertiesOf(card)) {
+    ++names[groupedName(*property)];
+  }
+  return names;
+}
+
+/// The group in front of a name, "." and all. Either may hold dots where no text made the card.
+std::string groupBefore(const std::string& property, const std::string& name, const Names& names) {
+  for (std::size_t dot = property.find('.'); dot != std::string::npos;
+       dot = property.find('.', dot + 1)) {
+    if (names.contains(property.substr(0, dot + 1) + name)) {
+      return property.substr(0, dot + 1);
+    }
+  }
+  return {};
+}
+
+/// The names that the card has after the changes that a report tells.
+Names namesAfter(Names names, const ConversionReport& report) {
+  for (const ConversionChange& change : report.changes) {
+    if (!change.part.empty()) {
+      continue;
+    }
+    const bool isLabel = change.target == "ADR;LABEL";
+    const bool isMerged = isLabel || change.target == "N;SORT-AS";
+    const std::string name = isLabel ? "LABEL" : isMerged ? "SORT-STRING" : change.text;
+    const std::string group = groupBefore(change.property, name, names);
+    if (change.kind == ConversionKind::added) {
+      ++names[change.property];
+    } else if (change.kind == ConversionKind::dropped) {
+      --names[change.property];
+    } else if (names.contains(group + name)) {
+      --names[group + name];
+      names[group + change.target] += isMerged ? 0 : 1;
+    }
+    std::erase_if(names, [](const auto& one) { return one.second == 0; });
+  }
+  return names;
+}
+
+/// The names that are read of a card after the changes that a report of its writing tells; none
+/// where names themselves were changed.
+std::optional<Names> namesAfter(Names names, const WriteReport& report) {
+  for (const WriteChange& change : report.changes) {
+    switch (change.kind) {
+    case WriteChangeKind::groupCleaned:
+    case WriteChangeKind::nameCleaned:
+      return std::nullopt;
+    case WriteChangeKind::repeatLeftOut:
+    case WriteChangeKind::namelessLeftOut:
+    case WriteChangeKind::frameLeftOut:
+    case WriteChangeKind::versionLeftOut:
+      --names[change.property];
+      break;
+    default:
+      break;
+    }
+  }
+  std::erase_if(names, [](const auto& one) { return one.second == 0; });
+  return names;
+}
+
+std::string told(const Names& names) {
+  std::string text;
+  for (const auto& [name, count] : names) {
+    text.append(" ").append(name).append("*").append(std::to_string(count));
+  }
+  return text + "\n";
+}
+
+std::string nameSurprises(const VCard& before, const VCard& after, const ConversionReport& report) {
+  const Names reported = namesAfter(namesOf(before), report);
+  const Names found = namesOf(after);
+  return reported == found ? std::string()
+                           : "the names are\n" + told(found) + "and reported\n" + told(reported);
+}
+
+/// Converts one card, and looks at the sums and at a second conversion.
 VCardList converted(const VCardList& cards, VersionCode version, std::string& surprises) {
   ConversionReport report;
   VCardList result = convertCards(cards, version, &report);
   if (report.properties + report.added != report.converted + report.merged + report.dropped) {
     surprises += "the sums do not add up\n";
   }
-  const std::string once = writeCards(result);
+  WriteReport writing;
+  const std::string once = writeCards(result, &writing);
   const std::string twice = writeCards(convertCards(result, version));
   if (once != twice) {
     surprises += "converted again it is\n" + twice + "and was\n" + once;
@@ -104,6 +197,12 @@ VCardList converted(const VCardList& cards, VersionCode version, std::string& su
   if (read.size() != cards.size()) {
     surprises += "not one card: " + once;
     return {};
+  }
+  surprises += nameSurprises(*cards[0], *result[0], report);
+  const auto written = namesAfter(namesOf(*result[0]), writing);
+  if (written && *written != namesOf(*read[0])) {
+    surprises +=
+        "read are the names\n" + told(namesOf(*read[0])) + "and written\n" + told(*written);
   }
   return read;
 }

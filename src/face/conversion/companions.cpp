@@ -94,7 +94,9 @@ void mergeSortStrings(Drafts& drafts, const ConversionStep& step) {
 }
 
 /// Makes the one value of a parameter a property, or parks it.
-std::optional<Draft> split(Draft& whole, TextView parameter, TextView property, bool isPossible,
+/// @param group that of the property
+std::optional<Draft> split(Draft& whole, TextView parameter, TextView property,
+                           const std::optional<Text>& group, bool isPossible,
                            const ConversionStep& step) {
   const TextList values = *whole.valuesOf(parameter);
   whole.remove(parameter);
@@ -106,6 +108,10 @@ std::optional<Draft> split(Draft& whole, TextView parameter, TextView property, 
     return std::nullopt;
   }
   Draft draft = newDraft(property, VCardTextValue::valueWithText(values.front()));
+  if (group) {
+    draft.group = group;
+    draft.origin = originOf(draft);
+  }
   step.recorder.propertyAdded(draft, whole.name);
   return draft;
 }
@@ -133,10 +139,9 @@ void splitParameters(Drafts& drafts, const ConversionStep& step) {
         unlabelled.insert(place);
         continue;
       }
-      auto label = split(draft, cVCardParameter_LABEL, cVCardProperty_LABEL,
+      auto label = split(draft, cVCardParameter_LABEL, cVCardProperty_LABEL, draft.group,
                          !unlabelled.contains(place), step);
       if (label) {
-        label->group = draft.group;
         if (const TextList* types = draft.valuesOf(cVCardParameter_TYPE)) {
           label->set(cVCardParameter_TYPE, *types);
         }
@@ -147,7 +152,7 @@ void splitParameters(Drafts& drafts, const ConversionStep& step) {
     } else if (draft.name == cVCardProperty_N) {
       if (draft.valuesOf(cVCardParameter_SORT_AS) != nullptr) {
         if (auto sort = split(draft, cVCardParameter_SORT_AS, cVCardProperty_SORT_STRING,
-                              isFirstName, step)) {
+                              std::nullopt, isFirstName, step)) {
           added.push_back(std::move(*sort));
         }
       }

@@ -91,7 +91,9 @@ bool toDate(Draft& draft, const VCardDateTimeValue& date, TextView nameThere,
   }
   DateComponents fields = date.comps();
   const bool isBirthday = nameThere == cVCardProperty_BDAY;
-  const TextView type = isBirthday ? cVCardValue_DATE_AND_OR_TIME : cVCardValue_DATE;
+  const TextView type = isBirthday        ? cVCardValue_DATE_AND_OR_TIME
+                        : hasTime(fields) ? cVCardValue_DATE_TIME
+                                          : cVCardValue_DATE;
   if (isDayOfYear(fields)) {
     fields.year = yearFor(draft, fields);
     if (fields.year == kOmittedYear) {

@@ -91,6 +91,12 @@ Draft newDraft(TextView name, std::shared_ptr<VCardValue> value) {
   return draft;
 }
 
+Text originOf(const Draft& draft) {
+  Text origin = (draft.group ? *draft.group + u"." : Text()).append(draft.name);
+  origin.resize(std::min(origin.size(), kLongestOrigin));
+  return origin;
+}
+
 Drafts draftsOf(const VCard& card) {
   Drafts drafts;
   const VCardPropertyDict dict = card.propertyDict();
@@ -104,8 +110,7 @@ Drafts draftsOf(const VCard& card) {
         draft.group.emplace(*property->group());
       }
       draft.name = upperCased(property->name());
-      draft.origin = (draft.group ? *draft.group + u"." : Text()).append(property->name());
-      draft.origin.resize(std::min(draft.origin.size(), kLongestOrigin));
+      draft.origin = originOf(draft);
       draft.value = property->value();
       for (const auto& [parameterKey, parameter] :
            property->parameterDict().value_or(VCardParameterDict())) {

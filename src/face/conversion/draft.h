@@ -42,6 +42,9 @@ using Drafts = std::vector<Draft>;
 /// A property that was not there before.
 [[nodiscard]] Draft newDraft(TextView name, std::shared_ptr<VCardValue> value);
 
+/// How reports call a property: by its name and group.
+[[nodiscard]] Text originOf(const Draft& draft);
+
 [[nodiscard]] Drafts draftsOf(const VCard& card);
 [[nodiscard]] std::shared_ptr<VCard> cardOf(const Drafts& drafts);
 

@@ -12,6 +12,7 @@
 #include "cardwright/vcard_uri_value.h"
 #include "cardwright/vcard_utc_offset_value.h"
 #include "cardwright/vcard_x_value.h"
+#include "cardwright/vocabulary.h"
 #include "model/value_types.h"
 #include "values/value_maker.h"
 
@@ -65,6 +66,12 @@ bool isReadAs(TextView read, std::optional<ValueClass> wanted, TextView wantedTy
   return !goesByType || equalIgnoringCase(read, wantedType);
 }
 
+/// Values with a label do not tell their type themselves.
+std::optional<TextView> typeOf(const VCardValue& value) {
+  const bool isLabelled = dynamic_cast<const VCardCustomValue*>(&value) != nullptr;
+  return isLabelled ? std::optional(cVCardValue_Custom) : value.type();
+}
+
 } // namespace
 
 Parting partingOf(TextView propertyKey, VersionCode version, std::optional<TextView> stated) {
@@ -76,7 +83,7 @@ Parting partingOf(TextView propertyKey, VersionCode version, std::optional<TextV
 
 std::optional<TextView> typeToState(const VCardValue& value, TextView propertyKey,
                                     VersionCode version, std::optional<TextView> stated) {
-  const std::optional<TextView> type = value.type();
+  const std::optional<TextView> type = typeOf(value);
   if (!type) {
     return std::nullopt;
   }
