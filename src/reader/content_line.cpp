@@ -11,6 +11,8 @@
 #include "reader/token.h"
 #include "values/value_maker.h"
 
+#include <algorithm>
+
 namespace cardwright {
 
 namespace {
@@ -124,6 +126,38 @@ ContentLineCheck checkContentLine(TextView line) {
   }
   check.isVersion = check.reason == DropReason::none && isVersionName(name);
   return check;
+}
+
+namespace {
+
+/// What a walk along a content line comes upon: its parts.
+class Parting {
+ public:
+  explicit Parting(ContentLineParts& parts) noexcept : m_parts(parts) {}
+
+  void parameter(TextView name, TextView value) { m_parts.parameters.push_back({name, {value}}); }
+  void bareParameter(TextView value) {
+    const TextView property = m_parts.name.substr(m_parts.name.find(u'.') + 1);
+    parameter(nameOfBareParameter(property, value), value);
+  }
+  void furtherValue(TextView value) { m_parts.parameters.back().values.push_back(value); }
+  void endParameter() {}
+
+ private:
+  ContentLineParts& m_parts;
+};
+
+} // namespace
+
+ContentLineParts partsOfContentLine(TextView line) {
+  ContentLineParts parts;
+  parts.reason = walkName(line, parts.end, parts.name);
+  if (parts.reason == DropReason::none) {
+    Parting parting(parts);
+    parts.reason = walkParameters(line, parts.end, parting);
+  }
+  parts.value = line.substr(std::min(parts.end, line.size()));
+  return parts;
 }
 
 /// What a walk along a content line comes upon: a property that is filled.

@@ -5,6 +5,8 @@
 #include "cardwright/read_report.h"
 #include "cardwright/vcard_property.h"
 
+#include <vector>
+
 namespace cardwright {
 
 /// What one look at a content line tells, without reading what it says.
@@ -14,6 +16,23 @@ struct ContentLineCheck {
 };
 
 [[nodiscard]] ContentLineCheck checkContentLine(TextView line);
+
+/// A parameter as it stands in a line.
+struct ContentLineParameter {
+  TextView name; ///< that which a bare one has is no part of the line
+  std::vector<TextView> values;
+};
+
+/// The parts of a content line as they stand there, as far as one can be read.
+struct ContentLineParts {
+  DropReason reason = DropReason::none;
+  TextView name; ///< group and all
+  std::vector<ContentLineParameter> parameters;
+  TextView value;
+  std::size_t end = 0; ///< where reading stopped: behind the colon, or where the line breaks off
+};
+
+[[nodiscard]] ContentLineParts partsOfContentLine(TextView line);
 
 /// Reads content lines: [group "."] name *(";" parameter) ":" value, where a parameter is
 /// name "=" value *("," value), or in the shorthand of version 2.1 a bare value.

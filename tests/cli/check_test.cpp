@@ -17,7 +17,7 @@ TEST(CheckCommand, tellsFindingsAsCompilersDo) {
   EXPECT_EQ(outcome.output,
             "standard input:4:1: warning: a property that no version has and no X- marks: FOO "
             "(2 times) [unknown-property]\n"
-            "standard input:6:1: error: a date that cannot be understood: BDAY [bad-date]\n");
+            "standard input:6:6: error: a date that cannot be understood: BDAY [bad-date]\n");
 }
 
 TEST(CheckCommand, tellsEachTimeWhenAsked) {

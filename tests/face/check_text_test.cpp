@@ -125,10 +125,11 @@ TEST(CheckText, tellsPlacesOfTheOriginalFile) {
                                   "BDAY:x\r\nno colon\r\nEND:VCARD\r\n");
   ASSERT_EQ(findings.size(), 3U);
   EXPECT_EQ(findings[0].code, "merged-properties");
-  EXPECT_EQ(findings[0].place, (TextPlace{32, 4}));
+  EXPECT_EQ(findings[0].place, (TextPlace{37, 4}));
+  EXPECT_EQ(findings[0].column, 6U);
   EXPECT_EQ(findings[1].code, "bad-date");
   EXPECT_EQ(findings[1].place.line, 5U);
-  EXPECT_EQ(findings[1].column, 1U);
+  EXPECT_EQ(findings[1].column, 6U);
   EXPECT_EQ(findings[1].text, "a date that cannot be understood: BDAY");
   EXPECT_EQ(findings[2].place.line, 6U);
 }

@@ -38,7 +38,7 @@ void checkCounts(const CheckedCard& card, VersionCode version, CheckFinder& find
         line.property->valueOfParameterWithName(cVCardParameter_ALTID).value_or(TextView()));
     if (isOnce(line.property->name(), version) &&
         !seen.emplace(line.property->name(), alternative).second) {
-      finder.add(Check::tooMany, line.offset, line.property->name());
+      finder.add(Check::tooMany, line.place, line.property->name());
     }
   }
 }
@@ -64,22 +64,22 @@ void checkCard(const CheckedCard& card, CheckFinder& finder) {
   for (const CheckedLine& line : card.lines) {
     names.insert(line.property->name());
     if (line.property->name() == u"BEGIN") {
-      finder.add(Check::nestedCard, line.offset);
+      finder.add(Check::nestedCard, line.place);
     }
     checkNames(line, version, finder);
     checkValue(line, version, finder);
   }
   if (!card.isEnded) {
-    finder.add(Check::noEnd, card.offset);
+    finder.add(Check::noEnd, card.place);
   }
   if (!names.contains(cVCardProperty_VERSION)) {
-    finder.add(Check::missingVersion, card.offset);
+    finder.add(Check::missingVersion, card.place);
   }
   if (version >= 3 && !names.contains(cVCardProperty_FN)) {
-    finder.add(Check::missingFn, card.offset);
+    finder.add(Check::missingFn, card.place);
   }
   if (version <= 3 && !names.contains(cVCardProperty_N)) {
-    finder.add(Check::missingN, card.offset);
+    finder.add(Check::missingN, card.place);
   }
   checkCounts(card, version, finder);
 }
@@ -94,7 +94,7 @@ void checkReferences(const std::vector<CheckedCard>& cards, CheckFinder& finder)
       }
       const auto [other, isNew] = uids.emplace(bareUid(uid), &card);
       if (!isNew && other->second != &card) {
-        finder.add(Check::equalUid, line.offset, uid);
+        finder.add(Check::equalUid, placeOfValue(line), uid);
       }
     }
   }
@@ -103,7 +103,7 @@ void checkReferences(const std::vector<CheckedCard>& cards, CheckFinder& finder)
       const TextView member = line.property->textValue().value_or(TextView());
       const bool isAddress = equalIgnoringCase(member.substr(0, 7), u"mailto:");
       if (isMember(*line.property) && !isAddress && !uids.contains(bareUid(member))) {
-        finder.add(Check::lostMember, line.offset, member);
+        finder.add(Check::lostMember, placeOfValue(line), member);
       }
     }
   }

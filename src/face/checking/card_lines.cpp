@@ -10,10 +10,19 @@
 #include "reader/numeric_entities.h"
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace cardwright {
 
 namespace {
+
+/// Where a line cannot be read on; its beginning where a whole part is missing.
+std::size_t brokenAt(TextView line, DropReason reason, std::size_t blanks) {
+  const bool isOnTheSpot =
+      reason == DropReason::emptyParameterName || reason == DropReason::emptyParameterValue;
+  return isOnTheSpot ? partsOfContentLine(line).end : blanks;
+}
 
 class Walk {
  public:
@@ -30,13 +39,17 @@ class Walk {
     LogicalLine line{};
     std::vector<TextView> candidates;
     while (!isFinished && lines.next(line)) {
-      const std::optional<Text> decoded = decodedNumericEntities(line.text);
-      cutMergedLine(decoded ? TextView(*decoded) : line.text, candidates);
+      std::optional<Text> decoded = decodedNumericEntities(line.text);
+      m_result.lines.push_back({line.begin, decoded ? std::move(*decoded) : Text(line.text)});
+      const TextView whole = m_result.lines.back().text;
+      cutMergedLine(whole, candidates);
       for (const TextView candidate : candidates) {
+        const std::size_t position =
+            candidate.empty() ? 0 : static_cast<std::size_t>(candidate.data() - whole.data());
         if (isFinished) {
-          drop(DropReason::afterEnd, line.begin);
+          drop(DropReason::afterEnd, position);
         } else {
-          isFinished = take(candidate, line.begin);
+          isFinished = take(candidate, position);
         }
       }
     }
@@ -44,20 +57,29 @@ class Walk {
   }
 
  private:
-  void drop(DropReason reason, std::size_t offset) { m_result.dropped.push_back({reason, offset}); }
+  /// A place in the line that is walked.
+  [[nodiscard]] LinePlace placeAt(std::size_t position) const noexcept {
+    return {m_result.lines.size() - 1, position};
+  }
+  void drop(DropReason reason, std::size_t position) {
+    m_result.dropped.push_back({reason, placeAt(position)});
+  }
 
+  /// @param position where the line stands in the one that is walked
   /// @returns whether the line ends the card
-  bool take(TextView line, std::size_t offset) {
+  bool take(TextView line, std::size_t position) {
     const TextView bare = trimWhitespace(line);
+    const std::size_t blanks =
+        bare.empty() ? 0 : static_cast<std::size_t>(bare.data() - line.data());
     if (!m_isOpen) {
       const bool isBegin = equalIgnoringCase(bare, cVCardComponent_BEGINVCARD);
       if (!isBegin && (bare.empty() || line.find(u':') == TextView::npos)) {
         if (!bare.empty()) {
-          drop(DropReason::outsideCard, offset);
+          drop(DropReason::outsideCard, position + blanks);
         }
         return false;
       }
-      m_result.cards.push_back({offset, 0, false, {}});
+      m_result.cards.push_back({placeAt(position), 0, false, {}});
       m_isOpen = true;
       if (isBegin) {
         return false;
@@ -72,14 +94,14 @@ class Walk {
     const DropReason reason = ContentLineParser(card.version, &m_formatter).parse(line, *property);
     if (reason != DropReason::none) {
       if (!bare.empty()) {
-        drop(reason, offset);
+        drop(reason, position + brokenAt(line, reason, blanks));
       }
       return false;
     }
     if (card.version == 0) {
       card.version = static_cast<VersionCode>(std::min<std::uint64_t>(property->versionValue(), 5));
     }
-    card.lines.push_back({std::move(property), offset, Text(line)});
+    card.lines.push_back({std::move(property), placeAt(position), line});
     return false;
   }
 
@@ -89,6 +111,16 @@ class Walk {
 };
 
 } // namespace
+
+bool CheckedLine::holds(TextView part) const noexcept {
+  return std::less_equal<>()(line.data(), part.data()) &&
+         std::less_equal<>()(part.data() + part.size(), line.data() + line.size());
+}
+
+LinePlace CheckedLine::placeOf(TextView part) const noexcept {
+  const std::size_t within = holds(part) ? static_cast<std::size_t>(part.data() - line.data()) : 0;
+  return {place.line, place.position + within};
+}
 
 CheckedCards checkedCards(TextView text) {
   CheckedCards result;

@@ -3,31 +3,50 @@
 #include "cardwright/read_report.h"
 #include "cardwright/vcard_property.h"
 
+#include <deque>
 #include <memory>
 #include <vector>
 
 namespace cardwright {
 
-/// A property of a card, and where its line begins in the text that was walked.
+/// A logical line of the text that was walked.
+struct WalkedLine {
+  std::size_t offset = 0; ///< where it begins in that text
+  Text text;
+};
+
+/// A place in a logical line.
+struct LinePlace {
+  std::size_t line = 0;     ///< number among the lines that were walked
+  std::size_t position = 0; ///< in the text of the line
+};
+
+/// A property of a card. Several may stand on one logical line.
 struct CheckedLine {
   std::shared_ptr<VCardProperty> property;
-  std::size_t offset = 0;
-  Text line; ///< the logical line
+  LinePlace place;
+  TextView line; ///< what of the logical line it was read from
+
+  /// Whether a text is part of the line.
+  [[nodiscard]] bool holds(TextView part) const noexcept;
+  /// The place of a part of the line; that of the property where it is none.
+  [[nodiscard]] LinePlace placeOf(TextView part) const noexcept;
 };
 
 struct DroppedText {
   DropReason reason = DropReason::none;
-  std::size_t offset = 0;
+  LinePlace place;
 };
 
 struct CheckedCard {
-  std::size_t offset = 0;
+  LinePlace place;
   VersionCode version = 0; ///< 0 where none is stated
   bool isEnded = false;
   std::vector<CheckedLine> lines;
 };
 
 struct CheckedCards {
+  std::deque<WalkedLine> lines; ///< of which the others hold views
   std::vector<CheckedCard> cards;
   std::vector<DroppedText> dropped;
 };

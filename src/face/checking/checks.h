@@ -11,21 +11,24 @@ namespace cardwright {
 /// A finding before its place is told.
 struct FoundCheck {
   Check check;
-  std::size_t offset; ///< in the text that was walked
-  Text subject;       ///< what it is about; the same mistake about the same thing is told once
+  LinePlace place;
+  Text subject; ///< what it is about; the same mistake about the same thing is told once
 };
 
 /// Gathers findings.
 class CheckFinder {
  public:
-  void add(Check check, std::size_t offset, TextView subject = {}) {
-    m_found.push_back({check, offset, Text(subject)});
+  void add(Check check, LinePlace place, TextView subject = {}) {
+    m_found.push_back({check, place, Text(subject)});
   }
   [[nodiscard]] std::vector<FoundCheck>& found() noexcept { return m_found; }
 
  private:
   std::vector<FoundCheck> m_found;
 };
+
+/// Where the value of a property begins, behind blanks.
+[[nodiscard]] LinePlace placeOfValue(const CheckedLine& line);
 
 /// Names, parameters, types, encodings and kinds of values that the version does not have.
 void checkNames(const CheckedLine& line, VersionCode version, CheckFinder& finder);

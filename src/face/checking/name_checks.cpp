@@ -1,5 +1,7 @@
+#include "base/case.h"
 #include "cardwright/vocabulary.h"
 #include "face/checking/checks.h"
+#include "reader/content_line.h"
 
 namespace cardwright {
 
@@ -15,31 +17,36 @@ bool isExtension(TextView name) noexcept {
 using Support = bool (*)(TextView name, VersionCode version);
 
 /// Finds a name that the version does not have, or none.
+/// @param name in upper case, where it has case
 void checkName(TextView name, VersionCode version, Support support, Check other, Check unknown,
-               std::size_t offset, CheckFinder& finder) {
+               LinePlace place, CheckFinder& finder) {
   if (isExtension(name)) {
     return;
   }
   if (support(name, kNoVersion)) {
-    finder.add(unknown, offset, name);
+    finder.add(unknown, place, name);
   } else if (!support(name, version)) {
-    finder.add(other, offset, name);
+    finder.add(other, place, name);
   }
 }
 
-void checkParameter(const VCardParameter& parameter, std::size_t offset, VersionCode version,
-                    CheckFinder& finder) {
-  const TextView name = parameter.name();
+void checkParameter(const ContentLineParameter& parameter, const CheckedLine& line,
+                    VersionCode version, CheckFinder& finder) {
+  const Text name = upperCased(parameter.name);
+  // A bare one has no name there.
+  const bool isBare = !line.holds(parameter.name);
   checkName(name, version, parameterIsSupportedForVersion, Check::otherParameter,
-            Check::unknownParameter, offset, finder);
-  for (const Text& value : parameter.values()) {
+            Check::unknownParameter, line.placeOf(isBare ? parameter.values[0] : parameter.name),
+            finder);
+  for (const TextView value : parameter.values) {
+    const LinePlace place = line.placeOf(value);
     if (name == cVCardParameter_TYPE && !typeIsSupportedForVersion(value, version)) {
-      finder.add(Check::otherType, offset, value);
+      finder.add(Check::otherType, place, value);
     } else if (name == cVCardParameter_ENCODING && parameterIsSupportedForVersion(name, version)) {
       checkName(value, version, encodingIsSupportedForVersion, Check::otherEncoding,
-                Check::unknownEncoding, offset, finder);
+                Check::unknownEncoding, place, finder);
     } else if (name == cVCardParameter_VALUE && !valueIsSupportedForVersion(value, version)) {
-      finder.add(Check::otherValue, offset, value);
+      finder.add(Check::otherValue, place, value);
     }
   }
 }
@@ -51,11 +58,12 @@ void checkNames(const CheckedLine& line, VersionCode version, CheckFinder& finde
   if (name == u"BEGIN" || name == u"END") {
     return;
   }
+  const ContentLineParts parts = partsOfContentLine(line.line);
   checkName(name, version, propertyIsSupportedForVersion, Check::otherProperty,
-            Check::unknownProperty, line.offset, finder);
-  for (const auto& [key, parameter] :
-       line.property->parameterDict().value_or(VCardParameterDict())) {
-    checkParameter(*parameter, line.offset, version, finder);
+            Check::unknownProperty, line.placeOf(parts.name.substr(parts.name.find(u'.') + 1)),
+            finder);
+  for (const ContentLineParameter& parameter : parts.parameters) {
+    checkParameter(parameter, line, version, finder);
   }
 }
 

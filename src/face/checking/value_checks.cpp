@@ -1,5 +1,6 @@
 #include "base/ascii.h"
 #include "base/case.h"
+#include "base/whitespace.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/vcard_date_time_value.h"
 #include "cardwright/vcard_geo_value.h"
@@ -10,6 +11,7 @@
 #include "face/conversion/base64.h"
 #include "face/decimal_pair.h"
 #include "face/writing/kept_source.h"
+#include "reader/content_line.h"
 #include "values/source_text.h"
 
 #include <algorithm>
@@ -48,29 +50,38 @@ bool isHexadecimal(char16_t unit) noexcept {
   return isAsciiDigit(unit) || (asciiUpper(unit) >= u'A' && asciiUpper(unit) <= u'F');
 }
 
-/// What stands behind the colon that ends the header.
-TextView rawValueOf(TextView line) noexcept {
-  bool inQuotes = false;
-  for (std::size_t at = 0; at < line.size(); ++at) {
-    inQuotes = inQuotes != (line[at] == u'"');
-    if (line[at] == u':' && !inQuotes) {
-      return line.substr(at + 1);
+/// What is left of a text from the first "=" on that begins no quoted-printable sign.
+TextView fromBrokenSign(TextView text) noexcept {
+  for (std::size_t at = text.find(u'='); at != TextView::npos; at = text.find(u'=', at)) {
+    if (at + 2 >= text.size() || !isHexadecimal(text[at + 1]) || !isHexadecimal(text[at + 2])) {
+      return text.substr(at);
     }
+    at += 3;
   }
   return {};
 }
 
-bool isQuotedPrintable(TextView text) noexcept {
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (text[at] != u'=') {
-      continue;
+/// What is left of a damaged base64 text from the first unit on that is no digit of it, or else its
+/// last unit: then it is too short.
+TextView fromBrokenDigit(TextView text) {
+  constexpr TextView kMark = u";base64,";
+  const std::size_t mark = text.find(kMark);
+  for (std::size_t at = mark == TextView::npos ? 0 : mark + kMark.size(); at < text.size(); ++at) {
+    const bool isLineBreak = text[at] == u'\\' && at + 1 < text.size();
+    const bool isPadding =
+        text[at] == u'=' && text.find_first_not_of(u"= \t", at) == TextView::npos;
+    if (isLineBreak) {
+      ++at;
+    } else if (!isPadding && !isWhitespaceOrNewline(text[at]) && !isBase64Digit(text[at])) {
+      return text.substr(at);
     }
-    if (at + 2 >= text.size() || !isHexadecimal(text[at + 1]) || !isHexadecimal(text[at + 2])) {
-      return false;
-    }
-    at += 2;
   }
-  return true;
+  return text.substr(text.size() - std::min<std::size_t>(text.size(), 1));
+}
+
+/// The value as it stands in the line, without blanks around it.
+TextView rawValueOf(const CheckedLine& line) {
+  return trimWhitespaceAndNewlines(partsOfContentLine(line.line).value);
 }
 
 bool isSoundData(TextView uri) {
@@ -98,37 +109,44 @@ void checkEncoded(const CheckedLine& line, CheckFinder& finder) {
   const bool isBinary = encodes(property, cVCardParameter_ENCODING_B) ||
                         encodes(property, cVCardParameter_ENCODING_BASE64);
   if ((isBinary && !text.starts_with(u"data:") && !soundBase64(text)) || !isSoundData(text)) {
-    finder.add(Check::badBase64, line.offset, property.name());
+    finder.add(Check::badBase64, line.placeOf(fromBrokenDigit(rawValueOf(line))), property.name());
   }
-  if (encodes(property, cVCardParameter_ENCODING_QUOTED_PRINTABLE) &&
-      !isQuotedPrintable(rawValueOf(line.line))) {
-    finder.add(Check::badQuotedPrintable, line.offset, property.name());
+  if (encodes(property, cVCardParameter_ENCODING_QUOTED_PRINTABLE)) {
+    const TextView broken = fromBrokenSign(partsOfContentLine(line.line).value);
+    if (!broken.empty()) {
+      finder.add(Check::badQuotedPrintable, line.placeOf(broken), property.name());
+    }
   }
 }
 
 } // namespace
+
+LinePlace placeOfValue(const CheckedLine& line) {
+  const TextView value = rawValueOf(line);
+  return line.placeOf(value.empty() ? line.line.substr(line.line.size()) : value);
+}
 
 void checkValue(const CheckedLine& line, VersionCode version, CheckFinder& finder) {
   const VCardProperty& property = *line.property;
   const VCardValue* const value = property.value().get();
   if (const auto* date = dynamic_cast<const VCardDateTimeValue*>(value)) {
     if (SourceText::of(*date) && !isUnderstood(*date)) {
-      finder.add(Check::badDate, line.offset, property.name());
+      finder.add(Check::badDate, placeOfValue(line), property.name());
     }
   } else if (const auto* offset = dynamic_cast<const VCardUTCOffsetValue*>(value)) {
     DateFormatter formatter("en_US_POSIX");
     if (sourceToKeep(*offset, version, formatter)) {
-      finder.add(Check::badOffset, line.offset, property.name());
+      finder.add(Check::badOffset, placeOfValue(line), property.name());
     }
   } else if (const auto* position = dynamic_cast<const VCardGeoValue*>(value)) {
     const auto source = SourceText::of(*position);
     if (source && decimalPair(*source, u";,").first.empty()) {
-      finder.add(Check::badPosition, line.offset, property.name());
+      finder.add(Check::badPosition, placeOfValue(line), property.name());
     }
   } else if (property.name() == cVCardProperty_GEO &&
              dynamic_cast<const VCardURIValue*>(value) != nullptr &&
              !hasScheme(property.textValue().value_or(TextView()))) {
-    finder.add(Check::badPosition, line.offset, property.name());
+    finder.add(Check::badPosition, placeOfValue(line), property.name());
   }
   checkEncoded(line, finder);
 }

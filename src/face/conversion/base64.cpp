@@ -25,6 +25,10 @@ int digitValue(char16_t unit) noexcept {
 
 } // namespace
 
+bool isBase64Digit(char16_t unit) noexcept {
+  return digitValue(unit) >= 0;
+}
+
 std::optional<Text> soundBase64(TextView text) {
   Text digits;
   digits.reserve(text.size());

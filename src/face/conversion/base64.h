@@ -11,6 +11,8 @@ namespace cardwright {
 /// damaged: with other characters, or a length that cannot be.
 [[nodiscard]] std::optional<Text> soundBase64(TextView text);
 
+[[nodiscard]] bool isBase64Digit(char16_t unit) noexcept;
+
 /// The first bytes of a sound base64 text.
 [[nodiscard]] std::string headBytes(TextView base64, std::size_t count);
 
