@@ -3,6 +3,7 @@
 #include "io/card_source.h"
 #include "io/input.h"
 #include "io/progress.h"
+#include "io/repair_notes.h"
 #include "io/replacement.h"
 #include "report/repair_cards.h"
 #include "report/report_json.h"
@@ -27,6 +28,9 @@ class CardWriting {
     m_sums.cardsRepaired += distinctCards(file.cardsOfRepairs);
     if (wantsReport()) {
       m_json.addReading(file.path, file.report, file.cardsOfRepairs);
+    }
+    if (file.report.foreignLine) {
+      m_diagnostics.note(displayName(file.path), foreignLineNote(*file.report.foreignLine));
     }
     std::size_t number = 0;
     for (const auto& card : file.cards) {

@@ -93,15 +93,6 @@ class CleanSums {
   ReportJson m_json;
 };
 
-/// Says why nothing was repaired where that is not because nothing is broken.
-void noteForeignLine(std::string_view file, const CleanReport& report, Diagnostics& diagnostics) {
-  if (report.foreignLine) {
-    diagnostics.note(file, "nothing was repaired, for line " +
-                               std::to_string(report.foreignLine->place.line) +
-                               " stands outside the cards: " + report.foreignLine->text);
-  }
-}
-
 std::optional<CleanedFile> cleanFile(const std::string& path, const CleanOptions& options,
                                      Diagnostics& diagnostics) {
   std::optional<std::string> bytes = readFile(path, diagnostics);
@@ -116,7 +107,9 @@ std::optional<CleanedFile> cleanFile(const std::string& path, const CleanOptions
   for (const std::string& repair : repairNotes(file.report.decoding, file.report.summaries)) {
     diagnostics.note(displayName(path), repair);
   }
-  noteForeignLine(displayName(path), file.report, diagnostics);
+  if (file.report.foreignLine) {
+    diagnostics.note(displayName(path), foreignLineNote(*file.report.foreignLine));
+  }
   if (file.cleaned && options.isCheck) {
     diagnostics.found();
   }

@@ -14,4 +14,9 @@ std::vector<std::string> repairNotes(const DecodingReport& decoding,
   return notes;
 }
 
+std::string foreignLineNote(const ForeignLine& line) {
+  return "nothing was repaired, for line " + std::to_string(line.place.line) +
+         " stands outside the cards: " + line.text;
+}
+
 } // namespace cardwright::tool

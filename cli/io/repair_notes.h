@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cardwright/cleaning_repair.h>
 #include <cardwright/decode.h>
 
 #include <string>
@@ -11,5 +12,8 @@ namespace cardwright::tool {
 /// are not UTF-8".
 [[nodiscard]] std::vector<std::string> repairNotes(const DecodingReport& decoding,
                                                    const std::vector<std::string>& summaries);
+
+/// Says why nothing was repaired where that is not because nothing is broken.
+[[nodiscard]] std::string foreignLineNote(const ForeignLine& line);
 
 } // namespace cardwright::tool

@@ -67,13 +67,24 @@ void ReportJson::addRepairs(std::string_view file, const DecodingReport& decodin
   }
 }
 
+void ReportJson::addForeignLine(std::string_view file, const std::optional<ForeignLine>& line) {
+  if (line) {
+    m_writer->begin(file, "clean", "foreign-line");
+    m_writer->place(line->place);
+    m_writer->string("text", line->text);
+    m_writer->end();
+  }
+}
+
 void ReportJson::addCleaning(std::string_view file, const CleanReport& report,
                              const std::vector<std::size_t>& cardsOfRepairs) {
+  addForeignLine(file, report.foreignLine);
   addRepairs(file, report.decoding, report.repairs, cardsOfRepairs);
 }
 
 void ReportJson::addReading(std::string_view file, const ReadReport& report,
                             const std::vector<std::size_t>& cardsOfRepairs) {
+  addForeignLine(file, report.foreignLine);
   addRepairs(file, report.decoding, report.repairs, cardsOfRepairs);
   for (const DroppedLine& line : report.droppedLines) {
     m_writer->begin(file, "read", codeOf(line.reason));

@@ -5,6 +5,7 @@
 #include <cardwright/face.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,7 @@ class ReportJson {
  private:
   class Writer;
 
+  void addForeignLine(std::string_view file, const std::optional<ForeignLine>& line);
   void addRepairs(std::string_view file, const DecodingReport& decoding,
                   const std::vector<CleaningRepair>& repairs,
                   const std::vector<std::size_t>& cardsOfRepairs);

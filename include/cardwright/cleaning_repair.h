@@ -3,6 +3,7 @@
 #include "cardwright/text.h"
 #include "cardwright/text_place.h"
 
+#include <string>
 #include <vector>
 
 namespace cardwright {
@@ -29,6 +30,12 @@ struct CleaningRepair {
   TextList replacement; ///< the logical lines that took its place; none when it was removed
 
   friend bool operator==(const CleaningRepair&, const CleaningRepair&) = default;
+};
+
+/// A line that keeps a text from being repaired: only text that is nothing but cards is touched.
+struct ForeignLine {
+  TextPlace place;
+  std::string text; ///< UTF-8
 };
 
 } // namespace cardwright

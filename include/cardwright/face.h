@@ -35,12 +35,6 @@ struct ReadOptions {
 [[nodiscard]] [[gnu::visibility("default")]] VCardList
 readCards(std::string_view bytes, ReadReport* report = nullptr, const ReadOptions& options = {});
 
-/// A line that keeps a text from being repaired: only text that is nothing but cards is touched.
-struct ForeignLine {
-  TextPlace place;
-  std::string text; ///< UTF-8
-};
-
 /// What one cleaning call did.
 struct CleanReport {
   DecodingReport decoding;

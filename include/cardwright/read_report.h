@@ -6,6 +6,7 @@
 #include "cardwright/text_place.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,8 @@ struct ReadReport {
   DecodingReport decoding;
   std::vector<std::string> summaries;  ///< one line for each repair, in UTF-8
   std::vector<CleaningRepair> repairs; ///< the same repairs with the lines they changed
+  /// The first line before or behind the cards because of which nothing was repaired.
+  std::optional<ForeignLine> foreignLine;
   std::size_t cards = 0;
   std::size_t properties = 0; ///< read from lines; a VERSION that the reader adds is not counted
   std::vector<DroppedLine> droppedLines;

@@ -1,23 +1,8 @@
-#include "base/line_counter.h"
 #include "cardwright/face.h"
 #include "cardwright/utf8.h"
-#include "cleaner/envelope.h"
 #include "face/reporting.h"
 
 namespace cardwright {
-
-namespace {
-
-std::optional<ForeignLine> foreignLine(TextView text) {
-  const std::optional<TextRange> line = findForeignLine(text);
-  if (!line) {
-    return std::nullopt;
-  }
-  return ForeignLine{{line->location, LineCounter(text).lineAt(line->location)},
-                     utf8FromText(text.substr(line->location, line->length))};
-}
-
-} // namespace
 
 std::optional<std::string> cleanText(std::string_view bytes, CleanReport* report,
                                      std::optional<std::string_view> encoding) {
@@ -31,9 +16,7 @@ std::optional<std::string> cleanText(std::string_view bytes, CleanReport* report
     cleaned = utf8FromText(text);
   }
   if (report != nullptr) {
-    if (!cleaning.isEnvelope) {
-      done.foreignLine = foreignLine(text);
-    }
+    done.foreignLine = foreignLine(cleaning, text);
     reportRepairs(cleaning, text, done.summaries, done.repairs);
     *report = std::move(done);
   }

@@ -23,6 +23,9 @@ VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOption
   VCardList cards = readAllCards(store, {&recorder, options.contactsParser}, simpleLines);
   if (report != nullptr) {
     const TextView source = cleaning.text ? TextView(original) : TextView(store->text);
+    if (options.clean) {
+      done.foreignLine = foreignLine(cleaning, source);
+    }
     placeDroppedLines(cleaning, source, done.droppedLines);
     reportRepairs(cleaning, source, done.summaries, done.repairs);
     *report = std::move(done);

@@ -2,6 +2,7 @@
 
 #include "base/line_counter.h"
 #include "cardwright/utf8.h"
+#include "cleaner/envelope.h"
 
 namespace cardwright {
 
@@ -21,6 +22,15 @@ void reportRepairs(Cleaning& cleaning, TextView original, std::vector<std::strin
   for (CleaningRepair& repair : repairs) {
     repair.place.line = lines.lineAt(repair.place.offset);
   }
+}
+
+std::optional<ForeignLine> foreignLine(const Cleaning& cleaning, TextView text) {
+  const std::optional<TextRange> line = cleaning.isEnvelope ? std::nullopt : findForeignLine(text);
+  if (!line) {
+    return std::nullopt;
+  }
+  return ForeignLine{{line->location, LineCounter(text).lineAt(line->location)},
+                     utf8FromText(text.substr(line->location, line->length))};
 }
 
 void placeDroppedLines(const Cleaning& cleaning, TextView original,

@@ -84,6 +84,33 @@ TEST(ConvertCommand, reportsEachRepairConversionAndLoss) {
   EXPECT_STREQ(document["changes"][3]["target"].GetString(), "X-CLASS");
 }
 
+TEST(ConvertCommand, tellsAndReportsWhyNothingWasRepaired) {
+  const TemporaryFolder folder;
+  const std::string report = folder.path() + "/report.json";
+  const std::string text = "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:a\r\nN:a;;;;\r\n"
+                           "TEL:+15550100EMAIL:b\r\nEND:VCARD\r\nsent from afar\r\n";
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"convert", "--to", "4.0"}, {"write", "--to", "3.0"}, {"clean"}}) {
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.end(), {"--report", report});
+    const Outcome outcome = runTool({arguments, text});
+    EXPECT_NE(outcome.errors.find("standard input: nothing was repaired, for line 7 stands outside "
+                                  "the cards: sent from afar\n"),
+              std::string::npos)
+        << outcome.errors;
+    rapidjson::Document document;
+    document.Parse(fileContent(report).c_str());
+    ASSERT_FALSE(document.HasParseError());
+    const auto& change = document["changes"][0];
+    EXPECT_STREQ(change["step"].GetString(), "clean");
+    EXPECT_STREQ(change["code"].GetString(), "foreign-line");
+    EXPECT_EQ(change["line"].GetInt(), 7);
+    EXPECT_STREQ(change["text"].GetString(), "sent from afar");
+  }
+  EXPECT_EQ(runTool({{"convert", "--to", "4.0", "--no-clean"}, text}).errors.find("nothing was"),
+            std::string::npos);
+}
+
 /// What a run reports about its sums.
 rapidjson::Document sumsOf(const std::vector<std::string>& command, const std::string& report) {
   std::vector<std::string> arguments = command;
