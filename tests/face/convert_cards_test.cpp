@@ -153,6 +153,7 @@ const Row kOneWay[] = {
     {3, "PHOTO;ENCODING=B;TYPE=JPEG:R0lG\\nODlh", 4, "PHOTO:data:image/gif;base64,R0lGODlh"},
     {3, "PHOTO;ENCODING=B;TYPE=image/png:AAAA", 4, "PHOTO:data:image/png;base64,AAAA"},
     {3, "X-GENDER:F", 4, "GENDER:F"},
+    {4, "ADR;LABEL=\"a\\nb\":;;a;;;;", 3, "ADR:;;a;;;;\r\nLABEL:a\\nb"},
     {4, "BDAY;X-APPLE-OMIT-YEAR=1900:--0229", 3, "BDAY;X-APPLE-OMIT-YEAR=1604:1604-02-29"},
     {3, "PHOTO;ENCODING=b:/9j/", 2, "PHOTO;ENCODING=BASE64:/9j/"},
     {3, "EMAIL;TYPE=INTERNET;TYPE=WORK:a", 4, "EMAIL;TYPE=WORK:a"},

@@ -85,6 +85,16 @@ bool isListed(const VCardProperty& property, TextView parameter, TextView value)
   return parameter == cVCardParameter_CHARSET || parameter == cVCardParameter_VALUE;
 }
 
+/// Line breaks that are escaped as in a value.
+void breakLines(TextList& values) {
+  for (Text& value : values) {
+    for (std::size_t at = 0; (at = value.find(u"\\n", at)) != Text::npos;) {
+      value.erase(at, 1);
+      value[at] = u'\n';
+    }
+  }
+}
+
 Text nameOf(const VCardProperty& property, const Text& name) {
   return Text(property.group().value_or(u"-")).append(u" ").append(name);
 }
@@ -232,6 +242,9 @@ Essence wholeEssence(const std::shared_ptr<VCardProperty>& property, VersionCode
         const bool hasCase = key != kType && key != kEncoding && key != u"X-ENCODING";
         values.push_back(hasCase ? value : usualType(upperCased(value)));
       }
+    }
+    if (key == cVCardParameter_LABEL) {
+      breakLines(values);
     }
     finish(values);
     if (!values.empty()) {

@@ -163,7 +163,7 @@ class VersionCards {
 
   static constexpr std::array<std::string_view, 94> kOnly4 = {
       "ADR;LABEL=\"a, b^nc\":;;3 Main St;;;;",
-      "ADR;LABEL=d:;;4 Main St;;;;",
+      "ADR;LABEL=d\\nd:;;4 Main St;;;;",
       "ANNIVERSARY:20240203",
       "ANNIVERSARY:--0203",
       "ANNIVERSARY:2024-02",

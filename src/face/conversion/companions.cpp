@@ -93,6 +93,18 @@ void mergeSortStrings(Drafts& drafts, const ConversionStep& step) {
   }
 }
 
+/// Line breaks that are escaped as in a value, as many do in the label of an address.
+Text withLineBreaks(TextView text) {
+  Text result;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool isEscaped =
+        text[at] == u'\\' && at + 1 < text.size() && (text[at + 1] == u'n' || text[at + 1] == u'N');
+    result.push_back(isEscaped ? u'\n' : text[at]);
+    at += isEscaped ? 1 : 0;
+  }
+  return result;
+}
+
 /// Makes the one value of a parameter a property, or parks it.
 /// @param group that of the property
 std::optional<Draft> split(Draft& whole, TextView parameter, TextView property,
@@ -107,7 +119,10 @@ std::optional<Draft> split(Draft& whole, TextView parameter, TextView property,
                           values.empty() ? TextView() : TextView(values.front()));
     return std::nullopt;
   }
-  Draft draft = newDraft(property, VCardTextValue::valueWithText(values.front()));
+  Draft draft =
+      newDraft(property, VCardTextValue::valueWithText(property == cVCardProperty_LABEL
+                                                           ? withLineBreaks(values.front())
+                                                           : values.front()));
   if (group) {
     draft.group = group;
     draft.origin = originOf(draft);

@@ -6,7 +6,8 @@ namespace cardwright {
 
 inline constexpr Rule kProperties4To3[] = {
     {u"ADR", Action::reencode, u"LABEL", Form::label,
-     u"its LABEL becomes a property, where the way back finds the same address; else it is parked"},
+     u"its LABEL becomes a property, where the way back finds the same address; else it is parked; "
+     u"a \\n in it is a line break"},
     {u"ANNIVERSARY", Action::reencode, u"X-ANNIVERSARY", Form::date, u"as BDAY"},
     {u"BDAY", Action::reencodeOrPark, u"BDAY", Form::date,
      u"a date without a year gets 1604 and X-APPLE-OMIT-YEAR; other partial dates are parked"},
