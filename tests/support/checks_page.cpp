@@ -14,11 +14,12 @@ constexpr const char* kIntroduction =
 compilers do:
 
 ```
-contacts.vcf:12:1: error: several properties on one line [merged-properties]
+contacts.vcf:12:14: error: several properties on one line [merged-properties]
 ```
 
-A line is where the logical line begins that the finding is about, a column counts characters. A
-mistake that is made again is told once, with its count; `--all` tells it each time. `--json` writes
+Line and column are those of the very spot in the original file: the name, the parameter, the value or
+the sign that is wrong, on the physical line of a folded one where it stands; what is missing in a card
+is told where the card begins. A column counts characters. A mistake that is made again is told once, with its count; `--all` tells it each time. `--json` writes
 the same for programs. The exit status is 3 when there is a finding.
 
 An *error* loses something, or makes the card none of its version; a *warning* may make readers
