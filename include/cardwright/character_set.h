@@ -11,19 +11,24 @@ namespace cardwright {
 
 /// A set of Unicode code points. A UTF-16 code unit counts as the code point of its number, so a
 /// surrogate is a member only when it was put in as such.
+///
+/// Sets do not change once they are made, and may be used from several threads at once.
 class [[gnu::visibility("default")]] CharacterSet {
  public:
+  /// Code points from `first` to `last`, both included.
   struct Range {
-    char32_t first;
-    char32_t last;
+    char32_t first; ///< the lowest
+    char32_t last;  ///< the highest
   };
 
+  /// The empty set.
   CharacterSet() = default;
   /// All code points of all ranges.
   CharacterSet(std::initializer_list<Range> ranges);
   /// The code units of a text.
   [[nodiscard]] static CharacterSet fromCharacters(TextView characters);
 
+  /// Whether the code point, or the code unit of that number, is a member.
   [[nodiscard]] bool contains(char32_t codePoint) const noexcept {
     return codePoint < 128 ? ((m_ascii[codePoint / 64] >> (codePoint % 64)) & 1U) != 0
                            : isInRanges(codePoint);

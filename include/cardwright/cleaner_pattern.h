@@ -28,12 +28,14 @@ class [[gnu::visibility("default")]] CleanerPattern {
 
   /// Ranges are in UTF-16 code units of the searched text.
   struct Match {
-    TextRange range;
+    TextRange range;                  ///< the whole match
     std::optional<TextRange> capture; ///< group 1, where the pattern has one
 
+    /// Whether both are the same places.
     friend constexpr bool operator==(const Match&, const Match&) = default;
   };
 
+  /// A pattern that matches what the kind says; the text of the expression is kept for pattern().
   CleanerPattern(Kind kind, Text pattern, bool ignoresCase);
 
   /// The text of the expression.

@@ -22,19 +22,20 @@ enum class CleaningRepairKind {
 
 /// One repair: what a line was, where it stood and what became of it.
 struct CleaningRepair {
-  CleaningRepairKind kind{};
+  CleaningRepairKind kind{}; ///< what kind of damage it was
   /// Place in the text as it was before any repair. VCardCleaner does not count lines: there it is
   /// always the first.
   TextPlace place;
   Text originalLine;    ///< the logical line; for a soft break, the physical lines as they were
   TextList replacement; ///< the logical lines that took its place; none when it was removed
 
+  /// Whether both are equal in every field.
   friend bool operator==(const CleaningRepair&, const CleaningRepair&) = default;
 };
 
 /// A line that keeps a text from being repaired: only text that is nothing but cards is touched.
 struct ForeignLine {
-  TextPlace place;
+  TextPlace place;  ///< where it begins
   std::string text; ///< UTF-8
 };
 

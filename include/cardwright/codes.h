@@ -9,11 +9,16 @@
 
 namespace cardwright {
 
-// Short names of what reports tell, for programs: "merged-properties". They are stable.
+/// @name Codes
+/// @{
 
+/// The short name of what a report tells, for programs: "merged-properties". Names are stable, in
+/// ASCII, and live as long as the program; a number without a name is "unknown". May be called from
+/// any thread.
 [[nodiscard]] [[gnu::visibility("default")]] std::string_view codeOf(CleaningRepairKind kind);
 [[nodiscard]] [[gnu::visibility("default")]] std::string_view codeOf(DropReason reason);
 [[nodiscard]] [[gnu::visibility("default")]] std::string_view codeOf(WriteChangeKind kind);
 [[nodiscard]] [[gnu::visibility("default")]] std::string_view codeOf(ConversionKind kind);
+/// @}
 
 } // namespace cardwright

@@ -26,13 +26,16 @@ class [[gnu::visibility("default")]] DateFormatter {
   [[nodiscard]] const std::optional<std::string>& locale() const noexcept {
     return m_locale;
   }
+  /// Sets the locale; absent for that of the environment.
   void setLocale(std::optional<std::string_view> locale) {
     m_locale = locale;
   }
 
+  /// The pattern; empty as long as none was set, which writes nothing.
   [[nodiscard]] TextView dateFormat() const noexcept {
     return m_dateFormat;
   }
+  /// Sets the pattern.
   void setDateFormat(TextView pattern) {
     m_dateFormat = pattern;
   }
@@ -41,6 +44,7 @@ class [[gnu::visibility("default")]] DateFormatter {
   [[nodiscard]] std::optional<TimeZone> timeZone() const noexcept {
     return m_timeZone;
   }
+  /// Sets the zone in which instants are written; absent for UTC.
   void setTimeZone(std::optional<TimeZone> zone) noexcept {
     m_timeZone = zone;
   }

@@ -23,6 +23,9 @@ struct DecodingReport {
 /// bytes. For the rest, the lines with bytes above 7F are looked at for a legacy encoding, which is
 /// windows-1252 when they do not tell clearly. Bytes that cannot be decoded are dropped.
 ///
+/// May be called from any thread.
+///
+/// @param bytes a file, whatever is in it
 /// @param encoding name of the encoding, if it is known better: one of those that vCards use, or
 ///   any name that ICU knows; without regard to case
 /// @param report receives what was done; left alone when the name is not known
@@ -31,7 +34,8 @@ struct DecodingReport {
 decodeFile(std::string_view bytes, std::optional<std::string_view> encoding = std::nullopt,
            DecodingReport* report = nullptr);
 
-/// Whether decodeFile knows the name of an encoding.
+/// Whether decodeFile knows the name of an encoding, without regard to case. May be called from any
+/// thread.
 [[nodiscard]] [[gnu::visibility("default")]] bool isKnownEncoding(std::string_view name);
 
 } // namespace cardwright

@@ -26,9 +26,10 @@ struct TextRange {
   static constexpr std::size_t kNotFound =
       static_cast<std::size_t>(std::numeric_limits<std::int64_t>::max());
 
-  std::size_t location = kNotFound;
-  std::size_t length = 0;
+  std::size_t location = kNotFound; ///< of the first code unit
+  std::size_t length = 0;           ///< number of code units
 
+  /// Whether both are the same part.
   friend constexpr bool operator==(const TextRange&, const TextRange&) = default;
 };
 

@@ -12,7 +12,8 @@ namespace cardwright {
 
 /// A cursor over a text. Positions are UTF-16 code units; nothing is skipped by itself.
 ///
-/// Scanned texts are views of the scanner's text. A scanner belongs to one thread at a time.
+/// Scanned texts are views of the scanner's text; a null pointer asks for none. A scanner belongs
+/// to one thread at a time.
 class [[gnu::visibility("default")]] TextScanner {
  public:
   /// Scans a text that outlives the scanner.
@@ -35,6 +36,7 @@ class [[gnu::visibility("default")]] TextScanner {
   void setScanLocation(std::size_t location) noexcept {
     m_location = location;
   }
+  /// Whether there is nothing left to read.
   [[nodiscard]] bool isAtEnd() const noexcept {
     return m_location >= m_text.size();
   }
@@ -55,6 +57,8 @@ class [[gnu::visibility("default")]] TextScanner {
 
   /// Reads a token of a content line: after blanks, a text in double quotes, or everything up to
   /// one of the delimiters.
+  /// @param delimiters    code units that end it; they are left in the text
+  /// @param token         receives the text, without quotes
   /// @param endOfLineIsOK whether the token may be the last thing in the text
   /// @returns false, with `token` untouched, when the token is empty or nothing follows it
   bool scanQuotedStringOrUptoDelimiters(TextView delimiters, Text * token,

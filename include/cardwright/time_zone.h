@@ -8,7 +8,7 @@
 namespace cardwright {
 
 /// A time zone as vCards know them: the universal zone, or an offset from it. An offset of zero
-/// is not the universal zone.
+/// is not the universal zone. A plain value, which several threads may read at once.
 class TimeZone {
  public:
   /// The universal zone, named "Universal".
@@ -24,6 +24,7 @@ class TimeZone {
     return TimeZone(false, static_cast<std::int32_t>(seconds));
   }
 
+  /// Whether it is the universal zone.
   [[nodiscard]] constexpr bool isUniversal() const noexcept { return m_universal; }
   /// "Universal", or empty for an offset.
   [[nodiscard]] constexpr TextView name() const noexcept {
@@ -32,6 +33,7 @@ class TimeZone {
   /// Seconds east of UTC.
   [[nodiscard]] constexpr std::int32_t secondsFromUtc() const noexcept { return m_seconds; }
 
+  /// Whether both are universal, or have the same offset.
   friend constexpr bool operator==(const TimeZone&, const TimeZone&) noexcept = default;
 
  private:

@@ -55,6 +55,7 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
 
   /// Reads all cards of a text, however damaged: lines that cannot be read are dropped, text
   /// outside cards is skipped.
+  /// @param text              cards, and anything else between them
   /// @param cleaningSummaries filled with one line for each repair when anything was repaired,
   ///                          and left untouched otherwise
   /// @param contactsParser    borrowed for the call; asked for empty notes of version 2.1 cards
@@ -71,6 +72,7 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   [[nodiscard]] static std::shared_ptr<VCard> firstvCardFromString(
       std::optional<TextView> text, TextList* cleaningSummaries = nullptr,
       ContactsParser* contactsParser = nullptr);
+  /// The same for UTF-8.
   [[nodiscard]] static std::shared_ptr<VCard> firstvCardFromString(
       std::string_view utf8, TextList* cleaningSummaries = nullptr,
       ContactsParser* contactsParser = nullptr);

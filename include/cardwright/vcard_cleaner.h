@@ -43,6 +43,7 @@ class [[gnu::visibility("default")]] VCardCleaner {
   [[nodiscard]] bool lastDidClean() const noexcept {
     return m_lastDidClean;
   }
+  /// Sets what lastDidClean() tells until the next run.
   void setLastDidClean(bool didClean) noexcept {
     m_lastDidClean = didClean;
   }
@@ -51,6 +52,7 @@ class [[gnu::visibility("default")]] VCardCleaner {
   [[nodiscard]] const TextList& lastCleaningSummaries() const noexcept {
     return m_lastCleaningSummaries;
   }
+  /// Sets what lastCleaningSummaries() tells until the next run.
   void setLastCleaningSummaries(TextList summaries) {
     m_lastCleaningSummaries = std::move(summaries);
   }
@@ -65,6 +67,7 @@ class [[gnu::visibility("default")]] VCardCleaner {
   [[nodiscard]] bool debugLoggingEnabled() const noexcept {
     return m_debugLoggingEnabled;
   }
+  /// Sets whether each run counts its lines from zero.
   void setDebugLoggingEnabled(bool enabled) noexcept {
     m_debugLoggingEnabled = enabled;
   }

@@ -23,9 +23,11 @@ class [[gnu::visibility("default")]] VCardDateTimeValue final : public VCardValu
   /// The type name that the value was made with.
   [[nodiscard]] std::optional<TextView> type() const noexcept override;
 
+  /// The fields that are set.
   [[nodiscard]] const DateComponents& comps() const noexcept {
     return m_comps;
   }
+  /// Sets all fields; a text that was not understood is forgotten.
   void setComps(const DateComponents& comps) noexcept {
     m_comps = comps;
     m_source = {};
@@ -48,6 +50,7 @@ class [[gnu::visibility("default")]] VCardDateTimeValue final : public VCardValu
   [[nodiscard]] Text dateFormatForVersion(VersionCode version) const;
 
   /// Takes a number from the front of `text`.
+  /// @param text          loses what was taken
   /// @param numDigits     how many digits it has: 4 for years, 2 otherwise
   /// @param allowOmission whether "--" (for 4 digits) or "-" stands for a number left out
   /// @returns the number, -2 when it was left out, -1 when it is missing

@@ -14,16 +14,20 @@ class [[gnu::visibility("default")]] VCardGeoValue final : public VCardValue {
   /// "Geo3.0".
   [[nodiscard]] std::optional<TextView> type() const noexcept override;
 
+  /// Decimal degrees, north positive; 0 when nothing was read or set.
   [[nodiscard]] double latitude() const noexcept {
     return m_latitude;
   }
+  /// Sets the latitude; a text that was not understood is forgotten.
   void setLatitude(double degrees) noexcept {
     m_latitude = degrees;
     m_source = {};
   }
+  /// Decimal degrees, east positive; 0 when nothing was read or set.
   [[nodiscard]] double longitude() const noexcept {
     return m_longitude;
   }
+  /// Sets the longitude; a text that was not understood is forgotten.
   void setLongitude(double degrees) noexcept {
     m_longitude = degrees;
     m_source = {};

@@ -25,6 +25,7 @@ class [[gnu::visibility("default")]] VCardMultiValue final : public VCardValue {
   [[nodiscard]] std::optional<VCardValueList> values() const {
     return m_values;
   }
+  /// Sets the list, or takes it away.
   void setValues(std::optional<VCardValueList> values) {
     m_values = std::move(values);
   }

@@ -9,8 +9,9 @@ class DateFormatter;
 /// Common base of cards, properties, parameters and values.
 ///
 /// Objects have identity: they are made by factory functions or std::make_shared, shared through
-/// std::shared_ptr and never copied. Const operations of one object may be called from several
-/// threads at once; anything else needs the caller's lock.
+/// std::shared_ptr and never copied. Different objects may be used by different threads, and const
+/// operations of one object by several at once; anything else needs the caller's lock. Class
+/// operations may be called from any thread. Setters of text copy what they are given.
 class [[gnu::visibility("default")]] VCardObject {
  public:
   VCardObject(const VCardObject&) = delete;

@@ -12,9 +12,11 @@ class [[gnu::visibility("default")]] VCardOrgValue final : public VCardValue {
   /// "Org".
   [[nodiscard]] std::optional<TextView> type() const noexcept override;
 
+  /// The organisation and then its units, from large to small; empty when nothing was read or set.
   [[nodiscard]] const TextList& parts() const noexcept {
     return m_parts;
   }
+  /// Sets all parts.
   void setParts(TextList parts) {
     m_parts = std::move(parts);
   }
@@ -22,6 +24,7 @@ class [[gnu::visibility("default")]] VCardOrgValue final : public VCardValue {
   /// Appends one part for each component between unescaped semicolons, empty ones included.
   /// Always true.
   bool parse(TextView text, VersionCode version, DateFormatter * formatter) override;
+  /// Writes the parts with ";" between them.
   void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
 
  private:

@@ -21,6 +21,7 @@ class [[gnu::visibility("default")]] VCardParameter final : public VCardObject {
   [[nodiscard]] static std::shared_ptr<VCardParameter> parameterWithName(TextView name,
                                                                          TextView rawValue);
 
+  /// Upper-cased when it was read from text; otherwise as it was given.
   [[nodiscard]] TextView name() const noexcept {
     return m_name.view();
   }

@@ -29,10 +29,10 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   /// never necessary.
   static void initialize();
 
-  /// Makes a property with exactly this name and value, without group and parameters. A text is
-  /// wrapped in a VCardTextValue.
+  /// Makes a property with exactly this name and value, without group and parameters.
   [[nodiscard]] static std::shared_ptr<VCardProperty> propertyWithName(
       TextView name, std::shared_ptr<VCardValue> value);
+  /// The same for a text, which is wrapped in a VCardTextValue.
   [[nodiscard]] static std::shared_ptr<VCardProperty> propertyWithName(
       TextView name, std::optional<TextView> textValue);
 
@@ -45,6 +45,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   [[nodiscard]] std::optional<TextView> group() const noexcept {
     return m_group.optionalView();
   }
+  /// Sets the group, or takes it away.
   void setGroup(std::optional<TextView> group) {
     m_group.assign(group);
   }
@@ -53,6 +54,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   [[nodiscard]] TextView name() const noexcept {
     return m_name.view();
   }
+  /// Stores the name as it is given, without upper-casing it.
   void setName(TextView name) {
     m_name.assign(name);
   }
@@ -61,6 +63,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   [[nodiscard]] std::shared_ptr<VCardValue> value() const noexcept {
     return m_value;
   }
+  /// Shares the value with the caller; null takes it away.
   void setValue(std::shared_ptr<VCardValue> value) noexcept {
     m_value = std::move(value);
   }

@@ -10,14 +10,17 @@ class [[gnu::visibility("default")]] VCardTextValue : public VCardValue {
  public:
   VCardTextValue() = default;
 
+  /// Makes a value that holds the text.
   [[nodiscard]] static std::shared_ptr<VCardTextValue> valueWithText(std::optional<TextView> text);
 
   /// "text".
   [[nodiscard]] std::optional<TextView> type() const noexcept override;
 
+  /// The decoded text; absent when nothing was read or set.
   [[nodiscard]] std::optional<TextView> text() const noexcept {
     return m_text.optionalView();
   }
+  /// Sets the text, or takes it away.
   void setText(std::optional<TextView> text) {
     m_text.assign(text);
   }

@@ -9,6 +9,7 @@ class [[gnu::visibility("default")]] VCardURIValue final : public VCardTextValue
  public:
   VCardURIValue() = default;
 
+  /// Makes a value that holds the text.
   [[nodiscard]] static std::shared_ptr<VCardURIValue> valueWithText(std::optional<TextView> text);
 
   /// "uri".

@@ -19,6 +19,7 @@ class [[gnu::visibility("default")]] VCardUTCOffsetValue final : public VCardVal
   [[nodiscard]] std::int64_t offset() const noexcept {
     return m_offset;
   }
+  /// Sets the offset; a text that was not understood is forgotten.
   void setOffset(std::int64_t seconds) noexcept {
     m_offset = seconds;
     m_source = {};

@@ -30,7 +30,10 @@ class [[gnu::visibility("default")]] VCardUtils {
 
   /// Whether a line's name, without its group, begins with "X-ADDRESSBOOKSERVER-".
   [[nodiscard]] static bool lineIsAddressBookServerProperty(std::optional<TextView> line);
-  /// Whether such a property begins at the location, blanks aside.
+  /// Whether such a property begins at the location, blanks aside. Locations are UTF-16 code units
+  /// of the scanner's text; the scanner stays where it is.
+  /// @param scanner       gives the text
+  /// @param location      may lie behind the end
   /// @param propertyStart receives, on true, the index of its first character
   [[nodiscard]] static bool lineBeginsWithAddressBookServerPropertyAtLocation(
       const TextScanner& scanner, std::size_t location, std::size_t* propertyStart = nullptr);

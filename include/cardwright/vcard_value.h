@@ -25,14 +25,16 @@ class [[gnu::visibility("default")]] VCardValue : public VCardObject {
   [[nodiscard]] bool quotedPrintable() const noexcept {
     return m_quotedPrintable;
   }
+  /// Tells parse() so.
   void setQuotedPrintable(bool quotedPrintable) noexcept {
     m_quotedPrintable = quotedPrintable;
   }
 
-  /// Name of the character set of the text to be parsed.
+  /// Name of the character set of the text to be parsed; absent when none was stated.
   [[nodiscard]] std::optional<TextView> charset() const noexcept {
     return m_charset.optionalView();
   }
+  /// Tells parse() the name of the character set.
   void setCharset(std::optional<TextView> charset) {
     m_charset.assign(charset);
   }

@@ -6,34 +6,45 @@
 
 namespace cardwright {
 
-// Which names belong to which vCard version. Names compare without regard to case; a name that no
-// table knows, such as an extension, counts as supported in every version.
+/// @name Which names belong to which vCard version
+/// Names compare without regard to case; a name that no table knows, such as an extension, counts
+/// as supported in every version. All may be called from any thread.
+/// @{
 
 /// Builds the tables. They are made by the compiler; calling this is never necessary.
 [[gnu::visibility("default")]] void initialize();
 
+/// Whether a version has the property.
 [[nodiscard]] [[gnu::visibility("default")]] bool
 propertyIsSupportedForVersion(TextView name, VersionCode version);
+/// Whether a version has the parameter.
 [[nodiscard]] [[gnu::visibility("default")]] bool
 parameterIsSupportedForVersion(TextView name, VersionCode version);
-/// For values of the TYPE parameter.
+/// Whether a version has the value of the TYPE parameter.
 [[nodiscard]] [[gnu::visibility("default")]] bool typeIsSupportedForVersion(TextView name,
                                                                             VersionCode version);
-/// For values of the ENCODING parameter.
+/// Whether a version has the value of the ENCODING parameter.
 [[nodiscard]] [[gnu::visibility("default")]] bool
 encodingIsSupportedForVersion(TextView name, VersionCode version);
-/// For values of the VALUE parameter.
+/// Whether a version has the value of the VALUE parameter.
 [[nodiscard]] [[gnu::visibility("default")]] bool valueIsSupportedForVersion(TextView name,
                                                                              VersionCode version);
 
-// Card framing and media type
+/// @}
 
+/// @name Card framing and media type
+/// @{
+
+/// A text that frames a card, or the media type of cards.
 inline constexpr TextView cVCardMIMEType = u"text/vcard";
 inline constexpr TextView cVCardComponent_BEGINVCARD = u"BEGIN:VCARD";
 inline constexpr TextView cVCardComponent_ENDVCARD = u"END:VCARD";
+/// @}
 
-// Property names
+/// @name Property names
+/// @{
 
+/// The name of a property.
 inline constexpr TextView cVCardProperty_ADR = u"ADR";
 inline constexpr TextView cVCardProperty_AGENT = u"AGENT";
 inline constexpr TextView cVCardProperty_ANNIVERSARY = u"ANNIVERSARY";
@@ -83,9 +94,12 @@ inline constexpr TextView cVCardProperty_TZ = u"TZ";
 inline constexpr TextView cVCardProperty_UID = u"UID";
 inline constexpr TextView cVCardProperty_URL = u"URL";
 inline constexpr TextView cVCardProperty_VERSION = u"VERSION";
+/// @}
 
-// Further property names: XML of version 4.0, and extensions
+/// @name Further property names: XML of version 4.0, and extensions
+/// @{
 
+/// The name of a further property.
 inline constexpr TextView cVCardProperty_XML = u"XML";
 inline constexpr TextView cVCardProperty_X_ABADR = u"X-ABADR";
 inline constexpr TextView cVCardProperty_X_ABUID = u"X-ABUID";
@@ -140,9 +154,12 @@ inline constexpr TextView cVCardProperty_X_DEATHPLACE = u"X-DEATHPLACE";
 inline constexpr TextView cVCardProperty_X_EXPERTISE = u"X-EXPERTISE";
 inline constexpr TextView cVCardProperty_X_HOBBY = u"X-HOBBY";
 inline constexpr TextView cVCardProperty_X_LANG = u"X-LANG";
+/// @}
 
-// Parameter names
+/// @name Parameter names
+/// @{
 
+/// The name of a parameter.
 inline constexpr TextView cVCardParameter_ALTID = u"ALTID";
 inline constexpr TextView cVCardParameter_CALSCALE = u"CALSCALE";
 inline constexpr TextView cVCardParameter_GEO = u"GEO";
@@ -167,9 +184,12 @@ inline constexpr TextView cVCardParameter_SOCIAL_DISPLAY_NAME = u"X-DISPLAYNAME"
 inline constexpr TextView cVCardParameter_SERVICE_TYPE = u"X-SERVICE-TYPE";
 inline constexpr TextView cVCardParameter_PHOTO_ABCropRectangle = u"X-ABCROP-RECTANGLE";
 inline constexpr TextView cVCardParameter_ATTACH_FILENAME = u"X-FILENAME";
+/// @}
 
-// TYPE values (general, e-mail, key, address) and the TYPE name itself
+/// @name TYPE values (general, e-mail, key, address) and the TYPE name itself
+/// @{
 
+/// A value of TYPE, or its name.
 inline constexpr TextView cVCardParameter_TYPE = u"TYPE";
 inline constexpr TextView cVCardParameter_TYPE_PREF = u"pref";
 inline constexpr TextView cVCardParameter_TYPE_HOME = u"home";
@@ -186,16 +206,22 @@ inline constexpr TextView cVCardParameter_TYPE_IMPP_PERSONAL = u"personal";
 inline constexpr TextView cVCardParameter_TYPE_IMPP_BUSINESS = u"business";
 inline constexpr TextView cVCardParameter_TYPE_IMPP_MOBILE = u"mobile";
 inline constexpr TextView cVCardParameter_TYPE_OTHER = u"other";
+/// @}
 
-// Encodings
+/// @name Encodings
+/// @{
 
+/// A value of ENCODING.
 inline constexpr TextView cVCardParameter_ENCODING_B = u"b";
 inline constexpr TextView cVCardParameter_ENCODING_QUOTED_PRINTABLE = u"quoted-printable";
 inline constexpr TextView cVCardParameter_ENCODING_BASE64 = u"base64";
 inline constexpr TextView cVCardParameter_ENCODING_8BIT = u"8bit";
+/// @}
 
-// TYPE values for telephone numbers
+/// @name TYPE values for telephone numbers
+/// @{
 
+/// A value of TYPE for telephone numbers.
 inline constexpr TextView cVCardParameter_TYPE_TEL_TEXT = u"text";
 inline constexpr TextView cVCardParameter_TYPE_TEL_VOICE = u"voice";
 inline constexpr TextView cVCardParameter_TYPE_TEL_FAX = u"fax";
@@ -214,9 +240,12 @@ inline constexpr TextView cVCardParameter_TYPE_TEL_CALLBACK = u"callback";
 inline constexpr TextView cVCardParameter_TYPE_TEL_LINE2 = u"line2";
 inline constexpr TextView cVCardParameter_TYPE_TEL_IPHONE = u"iPhone";
 inline constexpr TextView cVCardParameter_TYPE_TEL_MAIN = u"main";
+/// @}
 
-// TYPE values for relations
+/// @name TYPE values for relations
+/// @{
 
+/// A value of TYPE for relations.
 inline constexpr TextView cVCardParameter_TYPE_RELATED_CONTACT = u"contact";
 inline constexpr TextView cVCardParameter_TYPE_RELATED_ACQUAINTANCE = u"acquaintance";
 inline constexpr TextView cVCardParameter_TYPE_RELATED_FRIEND = u"friend";
@@ -265,9 +294,12 @@ inline constexpr TextView cVCardParameter_TYPE_RELATED_PARTNER = u"partner";
 inline constexpr TextView cVCardParameter_TYPE_RELATED_ASSISTANT = u"assistant";
 inline constexpr TextView cVCardParameter_TYPE_RELATED_MANAGER = u"manager";
 inline constexpr TextView cVCardParameter_TYPE_RELATED_SIGNIFICANT_OTHER = u"significant-other";
+/// @}
 
-// Value types and other value words
+/// @name Value types and other value words
+/// @{
 
+/// The name of a value type, or another word in values.
 inline constexpr TextView cVCardValue_TEXT = u"text";
 inline constexpr TextView cVCardValue_URI = u"uri";
 inline constexpr TextView cVCardValue_DATE = u"date";
@@ -294,32 +326,44 @@ inline constexpr TextView cVCardValue_Gender = u"Gender";
 inline constexpr TextView cVCardValue_Org = u"Org";
 inline constexpr TextView cVCardValue_Geo3_0 = u"Geo3.0";
 inline constexpr TextView cVCardValue_Custom = u"Custom";
+/// @}
 
-// CLASS values
+/// @name CLASS values
+/// @{
 
+/// A value of CLASS.
 inline constexpr TextView cVCardValue_CLASS_PUBLIC = u"PUBLIC";
 inline constexpr TextView cVCardValue_CLASS_PRIVATE = u"PRIVATE";
 inline constexpr TextView cVCardValue_CLASS_CONFIDENTIAL = u"CONFIDENTIAL";
+/// @}
 
-// Gender sex values
+/// @name Gender sex values
+/// @{
 
+/// A sex in GENDER.
 inline constexpr TextView cVCardValue_GENDER_MALE = u"M";
 inline constexpr TextView cVCardValue_GENDER_FEMALE = u"F";
 inline constexpr TextView cVCardValue_GENDER_OTHER = u"O";
 inline constexpr TextView cVCardValue_GENDER_NONE = u"N";
 inline constexpr TextView cVCardValue_GENDER_UNKNOWN = u"U";
+/// @}
 
-// KIND values
+/// @name KIND values
+/// @{
 
+/// A value of KIND.
 inline constexpr TextView cVCardValue_KIND_INDIVIDUAL = u"individual";
 inline constexpr TextView cVCardValue_KIND_GROUP = u"group";
 inline constexpr TextView cVCardValue_KIND_ORG = u"org";
 inline constexpr TextView cVCardValue_KIND_LOCATION = u"location";
 inline constexpr TextView cVCardValue_KIND_DEVICE = u"device";
 inline constexpr TextView cVCardValue_KIND_APPLICATION = u"application";
+/// @}
 
-// TYPE values for social profiles
+/// @name TYPE values for social profiles
+/// @{
 
+/// A value of TYPE for social profiles.
 inline constexpr TextView cVCardParameter_TYPE_SOCIAL_FACEBOOK = u"facebook";
 inline constexpr TextView cVCardParameter_TYPE_SOCIAL_GOOGLEPLUS = u"google+";
 inline constexpr TextView cVCardParameter_TYPE_SOCIAL_TWITTER = u"twitter";
@@ -342,9 +386,12 @@ inline constexpr TextView cVCardParameter_TYPE_SOCIAL_THREADS = u"Threads";
 inline constexpr TextView cVCardParameter_TYPE_SOCIAL_REDDIT = u"Reddit";
 inline constexpr TextView cVCardParameter_TYPE_SOCIAL_PINTEREST = u"Pinterest";
 inline constexpr TextView cVCardParameter_TYPE_SOCIAL_LINKEDIN_FEED = u"LinkedInFeed";
+/// @}
 
-// Messaging service names
+/// @name Messaging service names
+/// @{
 
+/// The name of a messaging service.
 inline constexpr TextView cVCardParameter_IMPP_SERVICE_FACEBOOK = u"Facebook";
 inline constexpr TextView cVCardParameter_IMPP_SERVICE_AIM = u"AIM";
 inline constexpr TextView cVCardParameter_IMPP_SERVICE_GADUGADU = u"GaduGadu";
@@ -357,9 +404,12 @@ inline constexpr TextView cVCardParameter_IMPP_SERVICE_SKYPE = u"Skype";
 inline constexpr TextView cVCardParameter_IMPP_SERVICE_YAHOO = u"Yahoo";
 inline constexpr TextView cVCardParameter_IMPP_SERVICE_WHATSAPP = u"WhatsApp";
 inline constexpr TextView cVCardParameter_IMPP_SERVICE_TIKTOK = u"TikTok";
+/// @}
 
-// Values of extension properties
+/// @name Values of extension properties
+/// @{
 
+/// A value of an extension property.
 inline constexpr TextView cVCardValue_X_ABShowAs_COMPANY = u"COMPANY";
 inline constexpr TextView cVCardValue_X_ABOrder_LAST = u"LAST";
 inline constexpr TextView cVCardValue_X_GENDER_FEMALE = u"Female";
@@ -367,9 +417,12 @@ inline constexpr TextView cVCardValue_X_GENDER_MALE = u"Male";
 inline constexpr TextView cVCardValue_X_WAB_GENDER_UNKNOWN = u"0";
 inline constexpr TextView cVCardValue_X_WAB_GENDER_FEMALE = u"1";
 inline constexpr TextView cVCardValue_X_WAB_GENDER_MALE = u"2";
+/// @}
 
-// Address-book label values
+/// @name Address-book label values
+/// @{
 
+/// A label of address books.
 inline constexpr TextView cVCardValue_ABLABEL_HOME = u"_$!<Home>!$_";
 inline constexpr TextView cVCardValue_ABLABEL_WORK = u"_$!<Work>!$_";
 inline constexpr TextView cVCardValue_ABLABEL_OTHER = u"_$!<Other>!$_";
@@ -438,9 +491,12 @@ inline constexpr TextView cVCardValue_ABLABEL_GRAND_CHILD = u"grandchild";
 inline constexpr TextView cVCardValue_ABLABEL_UNCLE = u"uncle";
 inline constexpr TextView cVCardValue_ABLABEL_AUNT = u"aunt";
 inline constexpr TextView cVCardValue_ABLABEL_FAMILY = u"family";
+/// @}
 
-// Address-book label values, plain English forms
+/// @name Address-book label values, plain English forms
+/// @{
 
+/// A label of address books in plain English.
 inline constexpr TextView cVCardValue_ABLABEL_HOME_EN = u"Home";
 inline constexpr TextView cVCardValue_ABLABEL_WORK_EN = u"Work";
 inline constexpr TextView cVCardValue_ABLABEL_OTHER_EN = u"Other";
@@ -463,9 +519,12 @@ inline constexpr TextView cVCardValue_ABLABEL_SPOUSE_EN = u"Spouse";
 inline constexpr TextView cVCardValue_ABLABEL_PARTNER_EN = u"Partner";
 inline constexpr TextView cVCardValue_ABLABEL_ASSISTANT_EN = u"Assistant";
 inline constexpr TextView cVCardValue_ABLABEL_MANAGER_EN = u"Manager";
+/// @}
 
-// Address-book label values of the exchange-server family
+/// @name Address-book label values of the exchange-server family
+/// @{
 
+/// A label of the exchange-server family.
 inline constexpr TextView cVCardValue_ABLABEL_EX_ASSISTANTPHONE = u"_$!<EX-AssistantPhone>!$_";
 inline constexpr TextView cVCardValue_ABLABEL_EX_CARPHONE = u"_$!<EX-CarPhone>!$_";
 inline constexpr TextView cVCardValue_ABLABEL_EX_RADIOPHONE = u"_$!<EX-RadioPhone>!$_";
@@ -499,9 +558,12 @@ inline constexpr TextView cVCardValue_ABLABEL_EX_ANNIVERSARY = u"_$!<EX-Annivers
 inline constexpr TextView cVCardValue_ABLABEL_EX_SPOUSENAME = u"_$!<EX-SpouseName>!$_";
 inline constexpr TextView cVCardValue_ABLABEL_EX_MANAGER = u"_$!<EX-Manager>!$_";
 inline constexpr TextView cVCardValue_ABLABEL_EX_ASSISTANTNAME = u"_$!<EX-AssistantName>!$_";
+/// @}
 
-// Relationship-status values
+/// @name Relationship-status values
+/// @{
 
+/// A relationship status.
 inline constexpr TextView cVCardValue_X_RELATIONSHIP_SINGLE = u"Single";
 inline constexpr TextView cVCardValue_X_RELATIONSHIP_IN_A = u"InA";
 inline constexpr TextView cVCardValue_X_RELATIONSHIP_ENGAGED = u"Engaged";
@@ -513,5 +575,6 @@ inline constexpr TextView cVCardValue_X_RELATIONSHIP_SEPARATED = u"Separated";
 inline constexpr TextView cVCardValue_X_RELATIONSHIP_DIVORCED = u"Divorced";
 inline constexpr TextView cVCardValue_X_RELATIONSHIP_CIVIL_UNION = u"CivilUnion";
 inline constexpr TextView cVCardValue_X_RELATIONSHIP_DOMESTIC_PARTNERSHIP = u"DomesticPartnership";
+/// @}
 
 } // namespace cardwright

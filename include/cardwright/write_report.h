@@ -33,23 +33,24 @@ enum class WriteChangeKind {
   versionLeftOut = 12,      ///< a VERSION that is no text
 };
 
-/// A short English phrase for a change, such as "repeated label left out".
+/// A short English phrase for a change, such as "repeated label left out"; "unknown" for a number
+/// without one. May be called from any thread.
 [[nodiscard]] [[gnu::visibility("default")]] std::string_view writeChangeText(WriteChangeKind kind);
 
 /// One change.
 struct WriteChange {
-  WriteChangeKind kind{};
-  std::size_t card = 0; ///< counted from 0, in the list that was written
-  std::string property; ///< name, behind its group and ".", as the card holds them; UTF-8
-  std::string text;     ///< what was changed or left out, UTF-8
+  WriteChangeKind kind{}; ///< what was done
+  std::size_t card = 0;   ///< counted from 0, in the list that was written
+  std::string property;   ///< name, behind its group and ".", as the card holds them; UTF-8
+  std::string text;       ///< what was changed or left out, UTF-8
 };
 
 /// What one writing call did.
 struct WriteReport {
-  std::size_t cards = 0;
-  std::size_t properties = 0; ///< that the cards hold
-  std::size_t dropped = 0;    ///< of them, that were not written
-  std::vector<WriteChange> changes;
+  std::size_t cards = 0;            ///< how many were written
+  std::size_t properties = 0;       ///< that the cards hold
+  std::size_t dropped = 0;          ///< of them, that were not written
+  std::vector<WriteChange> changes; ///< each change, in the order of the cards
 };
 
 } // namespace cardwright
