@@ -1,0 +1,39 @@
+# Installs everything and moves it: nothing in it may know where it was.
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+
+file(REMOVE_RECURSE ${WORK})
+run(${CMAKE_COMMAND} --install ${BUILT} --prefix ${WORK}/first)
+file(RENAME ${WORK}/first ${INSTALLED})
+
+set(expected "include/cardwright/cardwright.h" "lib.*/libcardwright[.]a"
+             "lib.*/cmake/cardwright/cardwrightConfig[.]cmake" "lib.*/pkgconfig/cardwright[.]pc"
+             "share/doc/cardwright/licenses/LGPL-2[.]0[.]txt")
+if(SHARED)
+  list(APPEND expected "lib.*/libcardwright[.]so" "lib.*/libcardwright[.]so[.]0")
+endif()
+if(TOOL)
+  list(APPEND expected "bin/cardwright")
+endif()
+file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE ${INSTALLED} ${INSTALLED}/*)
+foreach(file IN LISTS expected)
+  set(found ${installed})
+  list(FILTER found INCLUDE REGEX "^${file}$")
+  if(NOT found)
+    message(FATAL_ERROR "no ${file} among ${installed}")
+  endif()
+endforeach()
+
+set(programs ${installed})
+list(FILTER programs INCLUDE REGEX "^bin/")
+if(TOOL AND NOT programs STREQUAL "bin/cardwright")
+  message(FATAL_ERROR "bin holds ${programs}")
+endif()
+
+foreach(file IN LISTS installed)
+  if(file MATCHES "[.](cmake|pc|h)$")
+    file(STRINGS ${INSTALLED}/${file} lines REGEX "${SOURCE}|${WORK}")
+    if(lines)
+      message(FATAL_ERROR "${file} knows a place: ${lines}")
+    endif()
+  endif()
+endforeach()
