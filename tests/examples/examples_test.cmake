@@ -1,0 +1,36 @@
+# Runs each example of the folder PROGRAMS; expected/ has what it prints or writes.
+set(expected ${CMAKE_CURRENT_LIST_DIR}/expected)
+set(samples ${SOURCE}/examples)
+set(written ${WORK}/written)
+file(REMOVE_RECURSE ${written})
+file(MAKE_DIRECTORY ${written}/books)
+file(COPY ${samples}/contacts.vcf ${samples}/damaged.vcf DESTINATION ${written}/books)
+
+function(compare file)
+  get_filename_component(name ${file} NAME)
+  execute_process(COMMAND diff -u ${expected}/${name} ${file} RESULT_VARIABLE differs)
+  if(differs)
+    message(FATAL_ERROR "${name} is not as expected")
+  endif()
+endfunction()
+
+function(expect example)
+  execute_process(
+    COMMAND ${PROGRAMS}/${example} ${ARGN} OUTPUT_FILE ${written}/${example}.txt
+    COMMAND_ERROR_IS_FATAL ANY)
+  compare(${written}/${example}.txt)
+endfunction()
+
+expect(read_and_print ${samples}/contacts.vcf)
+expect(repair_file ${samples}/damaged.vcf ${written}/damaged.vcf)
+compare(${written}/damaged.vcf)
+expect(build_card)
+expect(convert_folder ${written}/books ${written}/converted)
+foreach(name contacts damaged)
+  file(STRINGS ${written}/converted/${name}.vcf versions REGEX "^VERSION:")
+  list(REMOVE_DUPLICATES versions)
+  if(NOT versions STREQUAL "VERSION:4.0")
+    message(FATAL_ERROR "${name}.vcf was converted to ${versions}")
+  endif()
+endforeach()
+expect(lend_a_parser ${samples}/old-phone.vcf)
