@@ -11,6 +11,19 @@ skippedCases='/<testcase .* result="skipped"/h
   p
 }'
 
+# From the report of ctest: the name and the outcome of each test. What skips itself says so.
+testOutcomes='/<testcase /{
+  N
+  s/.*<testcase name="([^"]*)".*<skipped message="SKIP_.*/\1 skipped/
+  s/.*<testcase name="([^"]*)".* status="([a-z]*)".*/\1 \2/
+  p
+}'
+
+# whySkipped NAME REPORT
+whySkipped() {
+  sed -n -E "/<testcase name=\"$1\"/,/<\/testcase>/s/.*skipped: (.*)/$1 skipped: \\1/p" "$2"
+}
+
 # countCases REPORT: adds what a GoogleTest program reported, and shows what it skipped.
 countCases() {
   local report=$1 total bad idle
@@ -38,6 +51,10 @@ runTests() {
   fi
   while read -r name status; do
     before=$failed
+    if [[ $status == skipped ]]; then
+      whySkipped "$name" "$results/ctest.xml"
+      continue
+    fi
     if [[ -s $results/$name.xml ]]; then
       countCases "$results/$name.xml"
     elif [[ $status == run ]]; then
@@ -46,8 +63,7 @@ runTests() {
     if [[ $status != run && $failed == "$before" ]]; then
       failed=$((failed + 1))
     fi
-  done < <(sed -n 's/.*<testcase name="\([^"]*\)".* status="\([a-z]*\)".*/\1 \2/p' \
-    "$results/ctest.xml")
+  done < <(sed -n -E "$testOutcomes" "$results/ctest.xml")
 }
 
 # check NAME COMMAND…: a check that is no test program counts as one case.
