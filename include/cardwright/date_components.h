@@ -17,7 +17,7 @@ struct DateComponents {
   std::optional<std::int64_t> hour = std::nullopt;   ///< from 0
   std::optional<std::int64_t> minute = std::nullopt; ///< from 0
   std::optional<std::int64_t> second = std::nullopt; ///< from 0
-  std::optional<TimeZone> timeZone = std::nullopt;   ///< absent for local time
+  std::optional<TimeZone> timeZone = std::nullopt;   ///< absent when none is stated
 
   /// Whether the same fields are set, to the same.
   friend bool operator==(const DateComponents&, const DateComponents&) = default;
