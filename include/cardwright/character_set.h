@@ -38,7 +38,7 @@ class [[gnu::visibility("default")]] CharacterSet {
   [[nodiscard]] CharacterSet inverted() const;
 
  private:
-  void add(std::vector<Range> ranges);
+  [[gnu::visibility("hidden")]] void add(std::vector<Range> ranges);
   [[nodiscard]] bool isInRanges(char32_t codePoint) const noexcept;
 
   std::array<std::uint64_t, 2> m_ascii{};

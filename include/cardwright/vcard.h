@@ -156,14 +156,15 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   [[nodiscard]] PropertyStore& properties() {
     return const_cast<PropertyStore&>(std::as_const(*this).properties()); // NOLINT: not const here
   }
-  void readProperties() const;
+  [[gnu::visibility("hidden")]] void readProperties() const;
   /// addProperty for a new property whose name is upper-cased; its list is made in the arena.
-  static void addUpperCased(PropertyStore & properties, std::shared_ptr<VCardProperty> property,
-                            Arena * arena);
+  [[gnu::visibility("hidden")]] static void addUpperCased(
+      PropertyStore & properties, std::shared_ptr<VCardProperty> property, Arena * arena);
 
-  [[nodiscard]] const VCardProperty* firstPropertyWithKey(TextView key) const;
+  [[nodiscard]] [[gnu::visibility("hidden")]] const VCardProperty* firstPropertyWithKey(
+      TextView key) const;
   /// Asks the processor for the memory that writing will look at.
-  static void fetchProperties(const PropertyStore& store) noexcept;
+  [[gnu::visibility("hidden")]] static void fetchProperties(const PropertyStore& store) noexcept;
 
   mutable PropertyStore m_properties;
   mutable detail::UnreadLines m_unread;

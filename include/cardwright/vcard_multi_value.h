@@ -45,7 +45,7 @@ class [[gnu::visibility("default")]] VCardMultiValue final : public VCardValue {
  private:
   friend struct StoredParts;
 
-  void appendElement(std::shared_ptr<VCardValue> element);
+  [[gnu::visibility("hidden")]] void appendElement(std::shared_ptr<VCardValue> element);
 
   detail::SharedText m_elementType;
   std::optional<VCardValueList> m_values;

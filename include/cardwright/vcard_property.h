@@ -119,9 +119,10 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   friend struct StoredParts;
 
   /// valueOfParameterWithName for a name that is upper-cased already.
-  [[nodiscard]] std::optional<TextView> valueOfParameterWithKey(TextView key) const;
+  [[nodiscard]] [[gnu::visibility("hidden")]] std::optional<TextView> valueOfParameterWithKey(
+      TextView key) const;
   /// addParameter for a parameter that nobody else holds: its values may be taken.
-  void takeParameter(std::shared_ptr<VCardParameter> parameter);
+  [[gnu::visibility("hidden")]] void takeParameter(std::shared_ptr<VCardParameter> parameter);
 
   using ParameterStore = detail::KeyedList<std::shared_ptr<VCardParameter>>;
 
