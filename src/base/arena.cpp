@@ -31,9 +31,11 @@ Arena::Hold Arena::make(SlabPool& pool, std::shared_ptr<const void> kept, std::s
 void* Arena::allocate(std::size_t size) {
   size = aligned(size);
   if (static_cast<std::size_t>(m_end - m_next) < size) {
-    const std::size_t taken = std::max(size, kFurther);
-    m_next = static_cast<std::byte*>(m_pool.take(taken));
-    m_end = m_next + taken;
+    const std::size_t taken = aligned(sizeof(Further)) + std::max(size, kFurther);
+    auto* const further = static_cast<std::byte*>(m_pool.take(taken));
+    m_further = new (further) Further{m_further};
+    m_next = further + aligned(sizeof(Further));
+    m_end = further + taken;
   }
   void* const memory = m_next;
   m_next += size;
@@ -44,9 +46,16 @@ void* Arena::allocate(std::size_t size) {
 
 void Arena::release() noexcept {
   if (m_references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    // The arena lies in what may go now.
+    // The arena lies in what may go now, and the pool goes with what keeps it.
     const std::shared_ptr<const void> kept = std::move(m_kept);
+    SlabPool& pool = m_pool;
+    while (m_further != nullptr) {
+      Further* const further = m_further;
+      m_further = further->before;
+      pool.giveBack(further);
+    }
     this->~Arena();
+    pool.giveBack(this);
   }
 }
 

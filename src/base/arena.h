@@ -10,8 +10,8 @@ namespace cardwright {
 class SlabPool;
 
 /// Memory for objects that are made together, such as those of a card, cut from a pool that lives
-/// as long as any of them. One thread allocates, before any other knows the objects; each may then
-/// be let go by any thread.
+/// as long as any of them, and given back to it when the last has gone. One thread allocates,
+/// before any other knows the objects; each may then be let go by any thread.
 class Arena {
  public:
   struct Release {
@@ -39,11 +39,17 @@ class Arena {
       : m_pool(pool), m_kept(std::move(kept)) {}
   ~Arena() = default;
 
+  /// Stands in front of the memory that was taken when the first was not enough.
+  struct Further {
+    Further* before;
+  };
+
   std::atomic<std::size_t> m_references = 1;
   SlabPool& m_pool;
   std::shared_ptr<const void> m_kept;
   std::byte* m_next = nullptr;
   std::byte* m_end = nullptr;
+  Further* m_further = nullptr; ///< the newest
 };
 
 /// Lets standard facilities allocate from an arena.

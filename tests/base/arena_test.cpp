@@ -6,7 +6,9 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <deque>
 #include <memory>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -117,6 +119,44 @@ TEST(SlabPool, givesAlignedMemoryOfItsOwnToEach) {
     const auto [memory, size] = pieces[i];
     EXPECT_EQ(memory[0], static_cast<char>(i & 0x7FU));
     EXPECT_EQ(memory[size - 1], static_cast<char>(i & 0x7FU));
+  }
+}
+
+TEST(SlabPool, usesWhatWasGivenBackAgain) {
+  SlabPool pool;
+  std::set<void*> places;
+  std::deque<void*> held;
+  for (int i = 0; i < 10'000; ++i) {
+    void* const memory = pool.take(i % 10 == 0 ? 20'000 : 1600);
+    std::memset(memory, i & 0x7F, 1600);
+    places.insert(memory);
+    held.push_back(memory);
+    if (held.size() > 20) {
+      pool.giveBack(held.front());
+      held.pop_front();
+    }
+  }
+  EXPECT_LT(places.size(), 5'000U);
+  while (!held.empty()) {
+    pool.giveBack(held.back());
+    held.pop_back();
+  }
+}
+
+TEST(Arena, givesAllItsMemoryBack) {
+  bool isGone = false;
+  const auto owner = std::make_shared<Owner>(isGone);
+  const auto firstPlace = [&owner] {
+    const Arena::Hold arena = Arena::make(owner->pool, owner, 100);
+    std::vector<std::shared_ptr<Counted>> objects;
+    for (int i = 0; i < 40; ++i) {
+      objects.push_back(makeIn<Counted>(arena.get()));
+    }
+    return static_cast<void*>(objects.front().get());
+  };
+  void* const place = firstPlace();
+  for (int i = 0; i < 1000; ++i) {
+    EXPECT_EQ(firstPlace(), place);
   }
 }
 
