@@ -2,9 +2,7 @@
 
 #include "io/card_source.h"
 #include "io/input.h"
-#include "io/progress.h"
 #include "io/repair_notes.h"
-#include "io/replacement.h"
 #include "report/repair_cards.h"
 #include "report/report_json.h"
 
@@ -20,26 +18,27 @@ namespace {
 class CardWriting {
  public:
   CardWriting(const WritingOptions& options, Output& output, Diagnostics& diagnostics)
-      : m_options(options), m_output(output), m_diagnostics(diagnostics), m_progress("writing") {}
+      : m_options(options), m_output(output), m_diagnostics(diagnostics) {}
 
   /// @returns whether to go on
-  bool write(const CardFile& file) {
-    m_sums.addReading(file.report, heldProperties(file.cards));
-    m_sums.cardsRepaired += distinctCards(file.cardsOfRepairs);
+  bool write(CardFile& file) {
     if (wantsReport()) {
       m_json.addReading(file.path, file.report, file.cardsOfRepairs);
     }
     if (file.report.foreignLine) {
       m_diagnostics.note(displayName(file.path), foreignLineNote(*file.report.foreignLine));
     }
-    std::size_t number = 0;
-    for (const auto& card : file.cards) {
-      writeCard(card, ++number, file.path);
-      if (!m_output.isOpen()) {
-        return false;
-      }
-      m_progress.show(number, file.cards.size());
+    std::size_t held = 0;
+    const auto writeNext = [&](const std::shared_ptr<VCard>& card, std::size_t number) {
+      held += heldProperties(*card);
+      writeCard(card, number, file.path);
+      return m_output.isOpen();
+    };
+    if (!takeCards(file, "writing", m_diagnostics.progress(), writeNext)) {
+      return false;
     }
+    m_sums.addReading(file.report, held);
+    m_sums.cardsRepaired += distinctCards(file.cardsOfRepairs);
     tellNotes(file.path);
     return true;
   }
@@ -54,12 +53,10 @@ class CardWriting {
     std::string property;
   };
 
-  static std::size_t heldProperties(const VCardList& cards) {
+  static std::size_t heldProperties(const VCard& card) {
     std::size_t held = 0;
-    for (const auto& card : cards) {
-      for (const auto& entry : card->propertyDict()) {
-        held += entry.second->size();
-      }
+    for (const auto& entry : card.propertyDict()) {
+      held += entry.second->size();
     }
     return held;
   }
@@ -112,35 +109,15 @@ class CardWriting {
     m_notes.clear();
   }
 
-  [[nodiscard]] bool wantsReport() const noexcept { return !m_options.reportFile.empty(); }
+  [[nodiscard]] bool wantsReport() const noexcept { return !m_options.output.reportFile.empty(); }
 
   const WritingOptions& m_options;
   Output& m_output;
   Diagnostics& m_diagnostics;
-  Progress m_progress;
   Sums m_sums;
   ReportJson m_json;
   std::map<std::string_view, Note> m_notes; ///< of the file that is being written
 };
-
-void writeTo(const WritingOptions& options, Output& output, Diagnostics& diagnostics) {
-  Sums sums;
-  std::string report;
-  {
-    CardWriting writing(options, output, diagnostics);
-    forEachCardFile(options.reading, diagnostics,
-                    [&](const CardFile& file) { return writing.write(file); });
-    sums = writing.sums();
-    report = writing.report();
-  }
-  if (!options.reportFile.empty()) {
-    replaceFile(options.reportFile, report, diagnostics);
-  }
-  if (!options.isQuiet) {
-    output.flush();
-    diagnostics.note(sums.line());
-  }
-}
 
 VersionCode versionNamed(const std::string& name) {
   static const std::map<std::string, VersionCode> kVersions = {{"2.1", 2}, {"3.0", 3}, {"4.0", 4}};
@@ -153,7 +130,8 @@ VersionCode versionNamed(const std::string& name) {
 
 } // namespace
 
-void addWritingOptions(CLI::App& command, WritingOptions& options, const char* versionHelp) {
+void addWritingOptions(CLI::App& command, WritingOptions& options, const char* versionHelp,
+                       const Session& session) {
   addReadingOptions(command, options.reading);
   command
       .add_option_function<std::string>(
@@ -161,33 +139,22 @@ void addWritingOptions(CLI::App& command, WritingOptions& options, const char* v
           versionHelp)
       ->type_name("VERSION")
       ->required();
-  command.add_option("-o,--output", options.outputFile, "File to write; it is replaced at once")
-      ->type_name("FILE");
-  command
-      .add_option("--report", options.reportFile,
-                  "File for all that was repaired, converted and dropped, as JSON")
-      ->type_name("FILE");
-  command.add_flag("-q,--quiet", options.isQuiet, "Do not tell the sums at the end");
+  addOutputFile(command, options.output);
+  addReportOptions(command, options.output, session);
 }
 
 void writeAllCards(const WritingOptions& options, const Session& session) {
-  if (options.outputFile.empty() || options.outputFile == "-") {
-    writeTo(options, session.output, session.diagnostics);
-    return;
-  }
-  Replacement replacement(options.outputFile, session.diagnostics);
-  if (!replacement.isOpen()) {
-    return;
-  }
-  Output output(replacement.descriptor());
-  writeTo(options, output, session.diagnostics);
-  output.flush();
-  if (!output.isOpen()) {
-    session.diagnostics.error(options.outputFile, systemMessage(output.error()));
-  } else if (session.diagnostics.status() != ExitStatus::done) {
-    session.diagnostics.note(options.outputFile, "left as it was, since not everything was read");
-  } else {
-    replacement.commit();
+  Sums sums;
+  std::string report;
+  const bool isWritten = writeOutput(options.output, session, [&](Output& output) {
+    CardWriting writing(options, output, session.diagnostics);
+    forEachCardFile(options.reading, session.diagnostics,
+                    [&](CardFile& file) { return writing.write(file); });
+    sums = writing.sums();
+    report = writing.report();
+  });
+  if (isWritten) {
+    tellSums(options.output, session, report, sums.line());
   }
 }
 

@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "io/input.h"
 #include "json/json_text.h"
+#include "output_options.h"
 #include "reading_options.h"
 #include "text/printable.h"
 
@@ -18,7 +19,7 @@ namespace cardwright::tool {
 namespace {
 
 struct CheckCommandOptions {
-  std::vector<std::string> files;
+  ReadingOptions reading; ///< of which only the files are asked for
   CheckOptions check;
   bool isJson = false;
 };
@@ -81,17 +82,17 @@ class FindingsJson {
   JsonText m_json;
 };
 
-void check(CheckCommandOptions& options, const Session& session) {
-  if (options.files.empty()) {
-    options.files.emplace_back(kStandardInput);
-  }
+void check(const CheckCommandOptions& options, const Session& session) {
   FindingsJson json;
-  for (const std::string& path : options.files) {
+  for (const std::string& path : options.reading.inputs()) {
     const std::optional<std::string> bytes = readFile(path, session.diagnostics);
     if (!bytes) {
       continue;
     }
-    for (const Finding& finding : checkText(*bytes, options.check)) {
+    session.diagnostics.progress().begin("checking");
+    const std::vector<Finding> findings = checkText(*bytes, options.check);
+    session.diagnostics.progress().end();
+    for (const Finding& finding : findings) {
       session.diagnostics.found();
       if (options.isJson) {
         json.add(path, finding);
@@ -114,11 +115,11 @@ void addCheckCommand(CLI::App& app, const Session& session) {
   const auto options = std::make_shared<CheckCommandOptions>();
   CLI::App* const command = app.add_subcommand("check", "Tell what is wrong with cards");
   command->group(kCommandGroup);
-  command->add_option("FILE", options->files, "Files to check; '-' or none is standard input")
-      ->type_name("");
+  addFiles(*command, options->reading.files);
   addEncodingOption(*command, options->check.encoding);
   command->add_flag("--all", options->check.all, "Tell a mistake each time that it is made");
   command->add_flag("--json", options->isJson, "Write JSON for programs");
+  addQuietFlag(*command, session);
   command->footer(kExamples);
   command->callback([options, session] { check(*options, session); });
 }

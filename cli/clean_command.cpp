@@ -2,6 +2,7 @@
 #include "io/input.h"
 #include "io/repair_notes.h"
 #include "io/replacement.h"
+#include "output_options.h"
 #include "reading_options.h"
 #include "report/repair_cards.h"
 #include "report/report_json.h"
@@ -22,14 +23,11 @@ namespace cardwright::tool {
 namespace {
 
 struct CleanOptions {
-  std::vector<std::string> files;
-  std::optional<std::string> encoding;
-  std::string outputFile;
+  ReadingOptions reading; ///< cleaned in any case
+  OutputOptions output;
   std::optional<std::string> backupSuffix; ///< present for --in-place
-  std::string reportFile;
   bool isDiff = false;
   bool isCheck = false;
-  bool isQuiet = false;
 
   [[nodiscard]] bool isWriting() const noexcept { return !isDiff && !isCheck; }
 };
@@ -56,13 +54,15 @@ struct CleanedFile {
 class CleanSums {
  public:
   explicit CleanSums(const CleanOptions& options)
-      : m_tellsSums(!options.isQuiet && options.isWriting()), m_reportFile(options.reportFile) {}
+      : m_wantsSums(!options.output.isQuiet && options.isWriting()),
+        m_wantsReport(!options.output.reportFile.empty()) {}
 
   /// @param file is let go piece by piece, for it is counted by reading it
-  void add(CleanedFile file) {
-    if (!m_tellsSums && m_reportFile.empty()) {
+  void add(CleanedFile file, Progress& progress) {
+    if (!m_wantsSums && !m_wantsReport) {
       return;
     }
+    progress.begin("counting");
     const CleanReport& report = file.report;
     const std::vector<std::size_t> cards =
         cardsOfRepairs(file.bytes, report.decoding.encoding, report.repairs);
@@ -71,24 +71,18 @@ class CleanSums {
     const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "UTF-8", true) : before;
     m_sums.addCleaning(before, after, report.repairs);
     m_sums.cardsRepaired += distinctCards(cards);
-    if (!m_reportFile.empty()) {
+    if (m_wantsReport) {
       m_json.addCleaning(file.path, report, cards);
     }
+    progress.end();
   }
 
-  void tell(const Session& session) {
-    if (!m_reportFile.empty()) {
-      replaceFile(m_reportFile, m_json.finish(m_sums), session.diagnostics);
-    }
-    if (m_tellsSums) {
-      session.output.flush();
-      session.diagnostics.note(m_sums.line());
-    }
-  }
+  [[nodiscard]] const Sums& sums() const noexcept { return m_sums; }
+  [[nodiscard]] std::string report() { return m_json.finish(m_sums); }
 
  private:
-  bool m_tellsSums;
-  const std::string& m_reportFile;
+  bool m_wantsSums;
+  bool m_wantsReport;
   Sums m_sums;
   ReportJson m_json;
 };
@@ -99,11 +93,13 @@ std::optional<CleanedFile> cleanFile(const std::string& path, const CleanOptions
   if (!bytes) {
     return std::nullopt;
   }
+  diagnostics.progress().begin("repairing");
   CleanedFile file{path, std::move(*bytes), std::nullopt, {}};
-  file.cleaned = cleanText(file.bytes, &file.report, options.encoding);
+  file.cleaned = cleanText(file.bytes, &file.report, options.reading.read.encoding);
   if (file.cleaned && !file.cleaned->ends_with('\n')) {
     file.cleaned->append("\r\n");
   }
+  diagnostics.progress().end();
   for (const std::string& repair : repairNotes(file.report.decoding, file.report.summaries)) {
     diagnostics.note(displayName(path), repair);
   }
@@ -126,7 +122,7 @@ bool isOpenEnded(std::string_view text) {
 void cleanTo(Output& output, const CleanOptions& options, CleanSums& sums,
              Diagnostics& diagnostics) {
   bool isOpen = false;
-  for (const std::string& path : options.files) {
+  for (const std::string& path : options.reading.inputs()) {
     std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
     if (!file) {
       continue;
@@ -137,72 +133,52 @@ void cleanTo(Output& output, const CleanOptions& options, CleanSums& sums,
     if (options.isWriting()) {
       const std::string& text = file->cleaned ? *file->cleaned : file->bytes;
       if (!text.empty()) {
+        diagnostics.progress().begin("writing");
         output.write(isOpen ? "\r\n" : "");
         output.write(text);
         isOpen = isOpenEnded(text);
+        diagnostics.progress().end();
       }
       if (!output.isOpen()) {
         return;
       }
     }
-    sums.add(std::move(*file));
+    sums.add(std::move(*file), diagnostics.progress());
   }
-}
-
-void cleanToFile(const CleanOptions& options, CleanSums& sums, const Session& session) {
-  Diagnostics& diagnostics = session.diagnostics;
-  Replacement replacement(options.outputFile, diagnostics);
-  if (!replacement.isOpen()) {
-    return;
-  }
-  Output output(replacement.descriptor());
-  cleanTo(output, options, sums, diagnostics);
-  output.flush();
-  if (!output.isOpen()) {
-    diagnostics.error(options.outputFile, systemMessage(output.error()));
-  } else if (diagnostics.status() != ExitStatus::done) {
-    diagnostics.note(options.outputFile, "left as it was, since not everything was read");
-  } else {
-    replacement.commit();
-  }
-  sums.tell(session);
 }
 
 /// A file that cannot be replaced counts as little as one that cannot be read.
 void cleanInPlace(const CleanOptions& options, CleanSums& sums, Diagnostics& diagnostics) {
-  for (const std::string& path : options.files) {
+  for (const std::string& path : options.reading.inputs()) {
     std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
     if (!file) {
       continue;
     }
     const std::string& suffix = *options.backupSuffix;
     if (!file->cleaned ||
-        replaceFile(path, *file->cleaned, diagnostics, suffix.empty() ? suffix : path + suffix)) {
-      sums.add(std::move(*file));
+        replaceFile(path, *file->cleaned, diagnostics, {suffix.empty() ? suffix : path + suffix})) {
+      sums.add(std::move(*file), diagnostics.progress());
     }
   }
 }
 
-void clean(CleanOptions& options, const Session& session) {
-  const bool readsStandardInput =
-      options.files.empty() ||
-      std::find(options.files.begin(), options.files.end(), kStandardInput) != options.files.end();
-  if (options.backupSuffix && readsStandardInput) {
+void clean(const CleanOptions& options, const Session& session) {
+  const std::vector<std::string>& inputs = options.reading.inputs();
+  if (options.backupSuffix &&
+      std::find(inputs.begin(), inputs.end(), kStandardInput) != inputs.end()) {
     throw CLI::ValidationError("--in-place", "standard input cannot be repaired in place");
-  }
-  if (options.files.empty()) {
-    options.files.emplace_back(kStandardInput);
   }
   CleanSums sums(options);
   if (options.backupSuffix) {
     cleanInPlace(options, sums, session.diagnostics);
-    sums.tell(session);
-  } else if (options.outputFile.empty() || options.outputFile == "-") {
-    cleanTo(session.output, options, sums, session.diagnostics);
-    sums.tell(session);
-  } else {
-    cleanToFile(options, sums, session);
+  } else if (!writeOutput(options.output, session, [&](Output& output) {
+               cleanTo(output, options, sums, session.diagnostics);
+             })) {
+    return;
   }
+  OutputOptions told = options.output;
+  told.isQuiet = told.isQuiet || !options.isWriting();
+  tellSums(told, session, sums.report(), sums.sums().line());
 }
 
 } // namespace
@@ -211,16 +187,8 @@ void addCleanCommand(CLI::App& app, const Session& session) {
   const auto options = std::make_shared<CleanOptions>();
   CLI::App* const command = app.add_subcommand("clean", "Repair files without reading their cards");
   command->group(kCommandGroup);
-  command->add_option("FILE", options->files, "Files to repair; '-' or none is standard input")
-      ->type_name("");
-  addEncodingOption(*command, options->encoding);
-  CLI::Option* const output =
-      command
-          ->add_option("-o,--output", options->outputFile, "File to write; it is replaced at once")
-          ->type_name("FILE");
-  command->add_option("--report", options->reportFile, "File for all that was repaired, as JSON")
-      ->type_name("FILE");
-  command->add_flag("-q,--quiet", options->isQuiet, "Do not tell the sums at the end");
+  addFiles(*command, options->reading.files);
+  addEncodingOption(*command, options->reading.read.encoding);
   CLI::Option* const inPlace =
       command
           ->add_option_function<std::string>(
@@ -235,6 +203,8 @@ void addCleanCommand(CLI::App& app, const Session& session) {
       command->add_flag("--diff", options->isDiff, "Print what would be changed instead");
   CLI::Option* const check =
       command->add_flag("--check", options->isCheck, "Print nothing but what would be repaired");
+  CLI::Option* const output = addOutputFile(*command, options->output);
+  addReportOptions(*command, options->output, session);
   inPlace->excludes(output)->excludes(diff)->excludes(check);
   check->excludes(diff)->excludes(output);
   command->footer(kExamples);

@@ -24,7 +24,7 @@ void addConvertCommand(CLI::App& app, const Session& session) {
   options->converts = true;
   CLI::App* const command = app.add_subcommand("convert", "Turn cards into cards of a version");
   command->group(kCommandGroup);
-  addWritingOptions(*command, *options, "Version of the cards to write: 2.1, 3.0 or 4.0");
+  addWritingOptions(*command, *options, "Version of the cards to write: 2.1, 3.0 or 4.0", session);
   command->footer(kExamples);
   command->callback([options, session] { writeAllCards(*options, session); });
 }

@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "io/card_source.h"
 #include "json/card_json.h"
+#include "output_options.h"
 #include "reading_options.h"
 
 #include <CLI/CLI.hpp>
@@ -27,12 +28,13 @@ constexpr const char* kExamples =
 
 void writeJson(const JsonOptions& options, const Session& session) {
   const auto writer = makeCardJsonWriter(session.output, options.isPretty);
-  forEachCardFile(options.reading, session.diagnostics, [&](const CardFile& file) {
-    for (const auto& card : file.cards) {
+  forEachCardFile(options.reading, session.diagnostics, [&](CardFile& file) {
+    const auto write = [&](const std::shared_ptr<VCard>& card, std::size_t /*number*/) {
       writer->writeCard(file.path, *card);
-      if (!session.output.isOpen()) {
-        return false;
-      }
+      return session.output.isOpen();
+    };
+    if (!takeCards(file, "writing", session.diagnostics.progress(), write)) {
+      return false;
     }
     writer->addRepairs(file.path, file.repairs);
     return true;
@@ -48,6 +50,7 @@ void addJsonCommand(CLI::App& app, const Session& session) {
   command->group(kCommandGroup);
   addReadingOptions(*command, options->reading);
   command->add_flag("--pretty", options->isPretty, "Indent the output");
+  addQuietFlag(*command, session);
   command->footer(kExamples);
   command->callback([options, session] { writeJson(*options, session); });
 }

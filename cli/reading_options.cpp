@@ -1,5 +1,7 @@
 #include "reading_options.h"
 
+#include "io/input.h"
+
 #include <CLI/CLI.hpp>
 
 namespace cardwright::tool {
@@ -15,6 +17,15 @@ std::string knownEncoding(const std::string& name) {
 
 } // namespace
 
+const std::vector<std::string>& ReadingOptions::inputs() const {
+  static const std::vector<std::string> kOnlyStandardInput{std::string(kStandardInput)};
+  return files.empty() ? kOnlyStandardInput : files;
+}
+
+void addFiles(CLI::App& command, std::vector<std::string>& files) {
+  command.add_option("FILE", files, "Files to read; '-' or none is standard input")->type_name("");
+}
+
 void addEncodingOption(CLI::App& command, std::optional<std::string>& encoding) {
   command
       .add_option_function<std::string>(
@@ -24,8 +35,7 @@ void addEncodingOption(CLI::App& command, std::optional<std::string>& encoding) 
 }
 
 void addReadingOptions(CLI::App& command, ReadingOptions& options) {
-  command.add_option("FILE", options.files, "Files to read; '-' or none is standard input")
-      ->type_name("");
+  addFiles(command, options.files);
   addEncodingOption(command, options.read.encoding);
   command.add_flag_callback(
       "--no-clean", [&] { options.read.clean = false; }, "Do not repair what is damaged");

@@ -16,7 +16,14 @@ namespace cardwright::tool {
 struct ReadingOptions {
   std::vector<std::string> files;
   ReadOptions read;
+
+  /// The files, or standard input where none was named.
+  [[nodiscard]] const std::vector<std::string>& inputs() const;
 };
+
+/// Adds the files to a command.
+/// @param options outlives the command line
+void addFiles(CLI::App& command, std::vector<std::string>& files);
 
 /// Adds --encoding to a command.
 /// @param encoding outlives the command line

@@ -2,6 +2,7 @@
 #include "io/card_source.h"
 #include "io/input.h"
 #include "io/terminal.h"
+#include "output_options.h"
 #include "reading_options.h"
 #include "view/card_printer.h"
 
@@ -47,17 +48,23 @@ void show(const ShowOptions& options, const Session& session) {
   Output& output = session.output;
   CardPrinter printer(output, {wantsColor(options.color, output.descriptor()),
                                terminalColumns(output.descriptor())});
-  forEachCardFile(options.reading, session.diagnostics, [&](const CardFile& file) {
+  forEachCardFile(options.reading, session.diagnostics, [&](CardFile& file) {
     if (options.reading.files.size() > 1 && !file.cards.empty()) {
       printer.printFileName(displayName(file.path));
     }
+    // Cards speak of each other by name, so all stay until the last is printed.
     CardNames names(file.cards);
+    Progress& progress = session.diagnostics.progress();
+    progress.begin("writing", file.cards.size());
+    std::size_t number = 0;
     for (const auto& card : file.cards) {
       printer.print(viewOfCard(*card, names));
       if (!output.isOpen()) {
         return false;
       }
+      progress.show(++number);
     }
+    progress.end();
     return true;
   });
 }
@@ -74,6 +81,7 @@ void addShowCommand(CLI::App& app, const Session& session) {
           "--color", [options](const std::string& wish) { options->color = colorWish(wish); },
           "Colour the output: auto, always or never")
       ->type_name("WHEN");
+  addQuietFlag(*command, session);
   command->footer(kExamples);
   command->callback([options, session] { show(*options, session); });
 }

@@ -1,6 +1,7 @@
 #include "tool.h"
 
 #include "commands.h"
+#include "io/interruption.h"
 
 #include <CLI/CLI.hpp>
 
@@ -73,8 +74,13 @@ ExitStatus run(int argc, char** argv) {
   // Whoever reads our output may stop at any time; that shows when writing, and kills nobody.
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
+  catchInterruptions();
+
   Output output(STDOUT_FILENO);
   Diagnostics diagnostics(output);
+  if (::isatty(STDOUT_FILENO) != 0) {
+    output.sharesTerminalWith(diagnostics.progress());
+  }
   const Session session{output, diagnostics};
   try {
     CLI::App app("Cardwright reads, repairs and writes vCards of every version.", "cardwright");

@@ -25,7 +25,8 @@ void addWriteCommand(CLI::App& app, const Session& session) {
   CLI::App* const command =
       app.add_subcommand("write", "Read cards and write them in the syntax of a version");
   command->group(kCommandGroup);
-  addWritingOptions(*command, *options, "Version whose syntax is written: 2.1, 3.0 or 4.0");
+  addWritingOptions(*command, *options, "Version whose syntax is written: 2.1, 3.0 or 4.0",
+                    session);
   command->footer(kExamples);
   command->callback([options, session] { writeAllCards(*options, session); });
 }

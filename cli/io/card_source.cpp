@@ -46,17 +46,18 @@ void noteDroppedLines(const CardFile& file, const ReadReport& report, Diagnostic
 } // namespace
 
 void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
-                     const std::function<bool(const CardFile&)>& use) {
-  static const std::vector<std::string> kOnlyStandardInput{std::string(kStandardInput)};
-  for (const std::string& path : options.files.empty() ? kOnlyStandardInput : options.files) {
+                     const std::function<bool(CardFile&)>& use) {
+  for (const std::string& path : options.inputs()) {
     auto bytes = readFile(path, diagnostics);
     if (!bytes) {
       continue;
     }
+    diagnostics.progress().begin(options.read.clean ? "repairing" : "finding cards");
     ReadReport report;
     CardFile file{path, readCards(*bytes, &report, options.read), {}, {}, {}};
     file.cardsOfRepairs = cardsOfRepairs(*bytes, report.decoding.encoding, report.repairs);
     bytes.reset(); // the cards hold what they need
+    diagnostics.progress().end();
     file.repairs = repairNotes(report.decoding, report.summaries);
     for (const std::string& repair : file.repairs) {
       diagnostics.note(displayName(path), repair);
@@ -71,6 +72,23 @@ void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
       return;
     }
   }
+}
+
+bool takeCards(CardFile& file, std::string_view doing, Progress& progress,
+               const std::function<bool(const std::shared_ptr<VCard>&, std::size_t)>& use) {
+  progress.begin(doing, file.cards.size());
+  std::size_t number = 0;
+  bool goesOn = true;
+  for (std::shared_ptr<VCard>& card : file.cards) {
+    if (!goesOn) {
+      break;
+    }
+    goesOn = use(card, ++number);
+    card.reset();
+    progress.show(number);
+  }
+  progress.end();
+  return goesOn;
 }
 
 } // namespace cardwright::tool

@@ -43,6 +43,7 @@ void Diagnostics::print(std::string_view file, std::string_view message) {
   }
   line.append(utf8FromText(printable(textFromUtf8(message)))).append("\n");
 
+  m_progress.stepAside();
   // One write for the whole line; when even that fails there is nobody left to tell.
   Output standardError(STDERR_FILENO);
   standardError.write(line);

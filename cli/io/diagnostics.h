@@ -2,6 +2,7 @@
 
 #include "io/exit_status.h"
 #include "io/output.h"
+#include "io/progress.h"
 
 #include <string>
 #include <string_view>
@@ -25,12 +26,16 @@ class Diagnostics {
   /// What was to be looked for is there. A failure weighs more.
   void found() noexcept;
 
+  /// How far the work is, which is told there too.
+  [[nodiscard]] Progress& progress() noexcept { return m_progress; }
+
   [[nodiscard]] ExitStatus status() const noexcept { return m_status; }
 
  private:
   void print(std::string_view file, std::string_view message);
 
   Output& m_output;
+  Progress m_progress;
   ExitStatus m_status = ExitStatus::done;
 };
 

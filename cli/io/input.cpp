@@ -36,8 +36,9 @@ class Descriptor {
 };
 
 /// Reads to the end; the system's error number, or 0.
-int readAll(int descriptor, std::string& bytes) {
+int readAll(int descriptor, std::string& bytes, Progress& progress) {
   constexpr std::size_t kFirstStep = std::size_t{64} * 1024;
+  constexpr std::size_t kLargestStep = std::size_t{16} * 1024 * 1024;
   struct stat status {};
   if (::fstat(descriptor, &status) != 0) {
     return errno;
@@ -50,18 +51,23 @@ int readAll(int descriptor, std::string& bytes) {
   if (S_ISREG(status.st_mode) && status.st_size > 0) {
     room = static_cast<std::size_t>(status.st_size) + 1;
   }
+  if (::isatty(descriptor) == 0) {
+    progress.begin("reading", room == kFirstStep ? 0 : room);
+  }
   std::size_t used = 0;
   while (true) {
     if (used == bytes.size()) {
       bytes.resize(used == 0 ? room : used * 2);
     }
-    const ssize_t count = ::read(descriptor, bytes.data() + used, bytes.size() - used);
+    const ssize_t count =
+        ::read(descriptor, bytes.data() + used, std::min(bytes.size() - used, kLargestStep));
     if (count == 0) {
       bytes.resize(used);
       return 0;
     }
     if (count > 0) {
       used += static_cast<std::size_t>(count);
+      progress.show(used);
     } else if (errno != EINTR) {
       return errno;
     }
@@ -80,7 +86,9 @@ std::optional<std::string> readFile(const std::string& path, Diagnostics& diagno
   }
   const Descriptor file(path);
   std::string bytes;
-  const int error = file.error() != 0 ? file.error() : readAll(file.number(), bytes);
+  const int error =
+      file.error() != 0 ? file.error() : readAll(file.number(), bytes, diagnostics.progress());
+  diagnostics.progress().end();
   if (error != 0) {
     diagnostics.error(displayName(path), systemMessage(error));
     return std::nullopt;

@@ -1,5 +1,7 @@
 #include "io/output.h"
 
+#include "io/progress.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <poll.h>
@@ -42,6 +44,9 @@ void Output::write(std::string_view bytes) {
 
 void Output::flush() {
   if (isOpen() && m_used != 0) {
+    if (m_progress != nullptr) {
+      m_progress->stepAside();
+    }
     m_error = writeAll(m_descriptor, {m_buffer.data(), m_used});
   }
   m_used = 0;

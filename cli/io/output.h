@@ -6,6 +6,8 @@
 
 namespace cardwright::tool {
 
+class Progress;
+
 /// Bytes on their way to a file descriptor, gathered into large writes.
 ///
 /// Once a write has failed, everything that follows is dropped: whoever produces much asks
@@ -25,6 +27,9 @@ class Output {
   }
   void flush();
 
+  /// Wipes somebody's line before each write: the two are on the same terminal.
+  void sharesTerminalWith(Progress& progress) noexcept { m_progress = &progress; }
+
   [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
   [[nodiscard]] bool isOpen() const noexcept { return m_error == 0; }
   /// The system's number of the error that closed it; 0 while it is open, and when the one who
@@ -36,6 +41,7 @@ class Output {
 
   int m_descriptor;
   int m_error = 0;
+  Progress* m_progress = nullptr;
   std::size_t m_used = 0;
   std::array<char, kBufferSize> m_buffer;
 };

@@ -1,5 +1,6 @@
 #include "io/replacement.h"
 
+#include "io/interruption.h"
 #include "io/output.h"
 
 #include <cerrno>
@@ -81,10 +82,12 @@ int keepBackup(const std::string& target, const std::string& backup) {
 
 } // namespace
 
-Replacement::Replacement(const std::string& path, Diagnostics& diagnostics)
+Replacement::Replacement(const std::string& path, Diagnostics& diagnostics,
+                         ReplacementOptions options)
     : m_path(path),
-      m_target(followed(path)),
+      m_target(options.replacesExisting ? followed(path) : path),
       m_temporary(m_target + ".XXXXXX"),
+      m_options(std::move(options)),
       m_diagnostics(diagnostics) {
   struct stat status {};
   if (::stat(m_target.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
@@ -92,11 +95,14 @@ Replacement::Replacement(const std::string& path, Diagnostics& diagnostics)
     diagnostics.error(m_path, systemMessage(EISDIR));
     return;
   }
+  const UninterruptedMoment moment;
   m_descriptor = ::mkostemp(m_temporary.data(), O_CLOEXEC);
   if (m_descriptor < 0) {
     const int error = errno;
     m_temporary.clear();
     diagnostics.error(m_path, systemMessage(error));
+  } else {
+    m_unfinished = rememberUnfinished(m_temporary);
   }
 }
 
@@ -107,35 +113,59 @@ Replacement::~Replacement() {
   if (!m_temporary.empty()) {
     ::unlink(m_temporary.c_str());
   }
+  forgetUnfinished(m_unfinished);
 }
 
 void Replacement::fail(int error) {
   m_diagnostics.error(m_path, systemMessage(error));
 }
 
-bool Replacement::commit(const std::string& backup) {
+int Replacement::moveIntoPlace() const {
+  if (m_options.replacesExisting) {
+    return ::rename(m_temporary.c_str(), m_target.c_str()) == 0 ? 0 : errno;
+  }
+  // A second name never takes the place of a file; not every file system has second names.
+  if (::link(m_temporary.c_str(), m_target.c_str()) == 0) {
+    ::unlink(m_temporary.c_str());
+    return 0;
+  }
+  if (errno != EPERM && errno != EOPNOTSUPP) {
+    return errno;
+  }
+  struct stat status {};
+  if (::lstat(m_target.c_str(), &status) == 0) {
+    return EEXIST;
+  }
+  return ::rename(m_temporary.c_str(), m_target.c_str()) == 0 ? 0 : errno;
+}
+
+bool Replacement::commit() {
   int error = copyStatus(m_target, m_descriptor);
-  if (error == 0 && ::fsync(m_descriptor) != 0) {
+  if (error == 0 && m_options.isSynced && ::fsync(m_descriptor) != 0) {
     error = errno;
   }
-  if (error == 0 && !backup.empty()) {
-    error = keepBackup(m_target, backup);
+  const UninterruptedMoment moment;
+  if (error == 0 && !m_options.backup.empty()) {
+    error = keepBackup(m_target, m_options.backup);
   }
-  if (error == 0 && ::rename(m_temporary.c_str(), m_target.c_str()) != 0) {
-    error = errno;
+  if (error == 0) {
+    error = moveIntoPlace();
   }
   if (error != 0) {
     fail(error);
     return false;
   }
   m_temporary.clear();
-  syncFolder(folderOf(m_target));
+  forgetUnfinished(std::exchange(m_unfinished, -1));
+  if (m_options.isSynced) {
+    syncFolder(folderOf(m_target));
+  }
   return true;
 }
 
 bool replaceFile(const std::string& path, std::string_view bytes, Diagnostics& diagnostics,
-                 const std::string& backup) {
-  Replacement replacement(path, diagnostics);
+                 ReplacementOptions options) {
+  Replacement replacement(path, diagnostics, std::move(options));
   if (!replacement.isOpen()) {
     return false;
   }
@@ -146,7 +176,15 @@ bool replaceFile(const std::string& path, std::string_view bytes, Diagnostics& d
     diagnostics.error(path, systemMessage(output.error()));
     return false;
   }
-  return replacement.commit(backup);
+  return replacement.commit();
+}
+
+void syncFolderContent(const std::string& folder) {
+  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor >= 0) {
+    ::syncfs(descriptor);
+    ::close(descriptor);
+  }
 }
 
 } // namespace cardwright::tool

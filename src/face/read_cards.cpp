@@ -12,12 +12,14 @@ VCardList readCards(std::string_view bytes, ReadReport* report, const ReadOption
   auto store = std::make_shared<detail::LineStore>();
   if (!cleaning.text) {
     store->text.swap(original);
-  } else if (report == nullptr) {
-    original = Text();
-    store->text = std::move(*cleaning.text);
-  } else {
-    // Both texts are needed to find out where a line was in the file.
+  } else if (report != nullptr && cleaning.origins.empty()) {
+    // Only both texts tell where a line was in the file.
     store->text = *cleaning.text;
+  } else {
+    store->text = std::move(*cleaning.text);
+    if (report == nullptr) {
+      original = Text();
+    }
   }
   ReadRecorder recorder(report != nullptr ? &done : nullptr);
   VCardList cards = readAllCards(store, {&recorder, options.contactsParser}, simpleLines);

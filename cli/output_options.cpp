@@ -1,0 +1,71 @@
+#include "output_options.h"
+
+#include "io/replacement.h"
+
+#include <CLI/CLI.hpp>
+
+namespace cardwright::tool {
+
+CLI::Option* addOutputFile(CLI::App& command, OutputOptions& options) {
+  return command
+      .add_option("-o,--output", options.outputFile,
+                  "File to write; it is replaced at once. '-' or none is standard output")
+      ->type_name("FILE");
+}
+
+void addReportOptions(CLI::App& command, OutputOptions& options, const Session& session) {
+  command.add_option("--report", options.reportFile, "File for a report of each change, as JSON")
+      ->type_name("FILE");
+  command.add_flag_callback(
+      "-q,--quiet",
+      [&options, session] {
+        options.isQuiet = true;
+        session.diagnostics.progress().hush();
+      },
+      "Tell neither the sums nor how far the work is");
+}
+
+void addQuietFlag(CLI::App& command, const Session& session) {
+  command.add_flag_callback(
+      "-q,--quiet", [session] { session.diagnostics.progress().hush(); },
+      "Do not tell how far the work is");
+}
+
+bool writeOutput(const OutputOptions& options, const Session& session,
+                 const std::function<void(Output&)>& write) {
+  Diagnostics& diagnostics = session.diagnostics;
+  if (options.outputFile.empty() || options.outputFile == "-") {
+    write(session.output);
+    session.output.flush();
+    return session.output.isOpen();
+  }
+  Replacement replacement(options.outputFile, diagnostics);
+  if (!replacement.isOpen()) {
+    return false;
+  }
+  Output output(replacement.descriptor());
+  write(output);
+  output.flush();
+  if (!output.isOpen()) {
+    diagnostics.error(options.outputFile, systemMessage(output.error()));
+    return false;
+  }
+  if (diagnostics.status() != ExitStatus::done) {
+    diagnostics.note(options.outputFile, "left as it was, since not everything was read");
+    return true;
+  }
+  return replacement.commit();
+}
+
+void tellSums(const OutputOptions& options, const Session& session, const std::string& report,
+              const std::string& sums) {
+  session.diagnostics.progress().end();
+  if (!options.reportFile.empty()) {
+    replaceFile(options.reportFile, report, session.diagnostics);
+  }
+  if (!options.isQuiet) {
+    session.diagnostics.note(sums);
+  }
+}
+
+} // namespace cardwright::tool
