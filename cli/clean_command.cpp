@@ -100,12 +100,7 @@ std::optional<CleanedFile> cleanFile(const std::string& path, const CleanOptions
     file.cleaned->append("\r\n");
   }
   diagnostics.progress().end();
-  for (const std::string& repair : repairNotes(file.report.decoding, file.report.summaries)) {
-    diagnostics.note(displayName(path), repair);
-  }
-  if (file.report.foreignLine) {
-    diagnostics.note(displayName(path), foreignLineNote(*file.report.foreignLine));
-  }
+  noteRepairs(path, file.report, diagnostics);
   if (file.cleaned && options.isCheck) {
     diagnostics.found();
   }

@@ -26,5 +26,8 @@ void addWriteCommand(CLI::App& app, const Session& session);
 void addConvertCommand(CLI::App& app, const Session& session);
 void addCheckCommand(CLI::App& app, const Session& session);
 void addCleanCommand(CLI::App& app, const Session& session);
+void addCountCommand(CLI::App& app, const Session& session);
+void addSplitCommand(CLI::App& app, const Session& session);
+void addJoinCommand(CLI::App& app, const Session& session);
 
 } // namespace cardwright::tool

@@ -24,7 +24,12 @@ constexpr const char* kExamples =
     "  cardwright convert --to 4.0 contacts.vcf\n"
     "                                         the same people, on cards of a version\n"
     "  cardwright check contacts.vcf          what is wrong with them, line by line\n"
+    "  cardwright count contacts.vcf          how many cards and properties there are\n"
     "  cardwright clean contacts.vcf          the same text, repaired\n"
+    "  cardwright split -d people contacts.vcf\n"
+    "                                         a file for each card\n"
+    "  cardwright join -o all.vcf people/*.vcf\n"
+    "                                         one file of many\n"
     "  unzip -p backup.zip a.vcf | cardwright show\n"
     "                                         without a file, standard input is read\n"
     "  cardwright show --help                 more about one command\n"
@@ -95,7 +100,10 @@ ExitStatus run(int argc, char** argv) {
     addWriteCommand(app, session);
     addConvertCommand(app, session);
     addCheckCommand(app, session);
+    addCountCommand(app, session);
     addCleanCommand(app, session);
+    addSplitCommand(app, session);
+    addJoinCommand(app, session);
     parse(app, argc, argv, session);
   } catch (const std::bad_alloc&) {
     diagnostics.error({}, "not enough memory");

@@ -1,5 +1,7 @@
 #include "io/repair_notes.h"
 
+#include "io/input.h"
+
 namespace cardwright::tool {
 
 std::vector<std::string> repairNotes(const DecodingReport& decoding,
@@ -17,6 +19,15 @@ std::vector<std::string> repairNotes(const DecodingReport& decoding,
 std::string foreignLineNote(const ForeignLine& line) {
   return "nothing was repaired, for line " + std::to_string(line.place.line) +
          " stands outside the cards: " + line.text;
+}
+
+void noteRepairs(const std::string& path, const CleanReport& report, Diagnostics& diagnostics) {
+  for (const std::string& repair : repairNotes(report.decoding, report.summaries)) {
+    diagnostics.note(displayName(path), repair);
+  }
+  if (report.foreignLine) {
+    diagnostics.note(displayName(path), foreignLineNote(*report.foreignLine));
+  }
 }
 
 } // namespace cardwright::tool

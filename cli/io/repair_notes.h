@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cardwright/cleaning_repair.h>
-#include <cardwright/decode.h>
+#include "io/diagnostics.h"
+
+#include <cardwright/face.h>
 
 #include <string>
 #include <vector>
@@ -15,5 +16,9 @@ namespace cardwright::tool {
 
 /// Says why nothing was repaired where that is not because nothing is broken.
 [[nodiscard]] std::string foreignLineNote(const ForeignLine& line);
+
+/// Says what was repaired in a file, or why nothing was where that is not because nothing is
+/// broken.
+void noteRepairs(const std::string& path, const CleanReport& report, Diagnostics& diagnostics);
 
 } // namespace cardwright::tool

@@ -38,6 +38,11 @@ std::size_t portionSize(std::string_view bytes) {
 
 } // namespace
 
+void HeldCounts::add(const ReadReport& report) {
+  cards += report.cards;
+  properties += report.properties + lostLines(report);
+}
+
 void Sums::addReading(const ReadReport& report, std::size_t held) {
   const std::size_t lost = lostLines(report);
   cardsIn += report.cards;
@@ -107,8 +112,7 @@ HeldCounts countHeld(std::string_view bytes, const std::string& encoding, bool i
       options.clean = false;
       static_cast<void>(readCards(bytes.substr(0, size), &report, options));
     }
-    held.cards += report.cards;
-    held.properties += report.properties + lostLines(report);
+    held.add(report);
     bytes.remove_prefix(size);
   }
   return held;

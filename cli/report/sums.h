@@ -13,6 +13,9 @@ namespace cardwright::tool {
 struct HeldCounts {
   std::size_t cards = 0;
   std::size_t properties = 0; ///< the lines of cards that cannot be used among them
+
+  /// Adds what was read without repairs.
+  void add(const ReadReport& report);
 };
 
 /// What went into a command and what came out. Properties that went in or were added are those
