@@ -1,6 +1,6 @@
 #include "tool.h"
 
-#include "commands.h"
+#include "command_line.h"
 #include "io/interruption.h"
 
 #include <CLI/CLI.hpp>
@@ -14,28 +14,6 @@
 namespace cardwright::tool {
 
 namespace {
-
-constexpr const char* kExamples =
-    "Examples:\n"
-    "  cardwright show contacts.vcf           the cards of a file, for people\n"
-    "  cardwright json contacts.vcf           the same cards, for programs\n"
-    "  cardwright write --to 3.0 contacts.vcf\n"
-    "                                         the same cards, written anew\n"
-    "  cardwright convert --to 4.0 contacts.vcf\n"
-    "                                         the same people, on cards of a version\n"
-    "  cardwright check contacts.vcf          what is wrong with them, line by line\n"
-    "  cardwright count contacts.vcf          how many cards and properties there are\n"
-    "  cardwright clean contacts.vcf          the same text, repaired\n"
-    "  cardwright split -d people contacts.vcf\n"
-    "                                         a file for each card\n"
-    "  cardwright join -o all.vcf people/*.vcf\n"
-    "                                         one file of many\n"
-    "  unzip -p backup.zip a.vcf | cardwright show\n"
-    "                                         without a file, standard input is read\n"
-    "  cardwright show --help                 more about one command\n"
-    "\n"
-    "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage,\n"
-    "3 'check' or 'clean --check' found something.";
 
 /// Where to read on: the page of help of the command that was meant.
 std::string helpHint(const CLI::App& app) {
@@ -88,23 +66,8 @@ ExitStatus run(int argc, char** argv) {
   }
   const Session session{output, diagnostics};
   try {
-    CLI::App app("Cardwright reads, repairs and writes vCards of every version.", "cardwright");
-    app.set_version_flag("--version", "cardwright " CARDWRIGHT_TOOL_VERSION, "Print the version");
-    app.set_help_flag("-h,--help", "Print this help");
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("Positionals", "Arguments");
-    app.footer(kExamples);
-    app.require_subcommand(1);
-    addShowCommand(app, session);
-    addJsonCommand(app, session);
-    addWriteCommand(app, session);
-    addConvertCommand(app, session);
-    addCheckCommand(app, session);
-    addCountCommand(app, session);
-    addCleanCommand(app, session);
-    addSplitCommand(app, session);
-    addJoinCommand(app, session);
-    parse(app, argc, argv, session);
+    const auto app = makeCommandLine(session);
+    parse(*app, argc, argv, session);
   } catch (const std::bad_alloc&) {
     diagnostics.error({}, "not enough memory");
   }
