@@ -101,19 +101,29 @@ bool readSome(const Descriptor& descriptor, std::string& text, std::size_t limit
 
 /// Feeds and reads the child until it has closed everything.
 void converse(Descriptor& input, Descriptor& output, Descriptor& errors,
-              const Invocation& invocation, Outcome& outcome) {
+              const Invocation& invocation, pid_t child, Outcome& outcome) {
+  constexpr int kGlance = 10; // milliseconds
+  bool isHeld = invocation.holdInputUntil != nullptr;
   const std::size_t limit = invocation.readOnly.value_or(std::string::npos);
   std::size_t sent = 0;
   while (output.isOpen() || errors.isOpen()) {
-    if (input.isOpen() && sent == invocation.input.size()) {
+    const bool isSent = sent == invocation.input.size();
+    if (isHeld && isSent && invocation.holdInputUntil(outcome)) {
+      isHeld = false;
+      if (invocation.signal) {
+        check(::kill(child, *invocation.signal) == 0, "kill");
+      }
+    }
+    if (input.isOpen() && isSent && !isHeld) {
       input.close();
     }
     if (output.isOpen() && outcome.output.size() >= limit) {
       output.close();
     }
-    pollfd polled[] = {
-        {input.number(), POLLOUT, 0}, {output.number(), POLLIN, 0}, {errors.number(), POLLIN, 0}};
-    if (::poll(polled, std::size(polled), -1) < 0) {
+    pollfd polled[] = {{isSent ? -1 : input.number(), POLLOUT, 0},
+                       {output.number(), POLLIN, 0},
+                       {errors.number(), POLLIN, 0}};
+    if (::poll(polled, std::size(polled), isHeld ? kGlance : -1) < 0) {
       check(errno == EINTR, "poll");
       continue;
     }
@@ -151,7 +161,7 @@ Outcome runTool(const Invocation& invocation) {
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
   Channel input = makePipe();
-  Channel errors = makePipe();
+  Channel errors = invocation.hasErrorTerminal ? makeTerminal(80) : makePipe();
   Channel output =
       invocation.terminalColumns ? makeTerminal(*invocation.terminalColumns) : makePipe();
   if (invocation.outputFile) {
@@ -184,7 +194,7 @@ Outcome runTool(const Invocation& invocation) {
   errors.writeEnd.close();
 
   Outcome outcome;
-  converse(input.writeEnd, output.readEnd, errors.readEnd, invocation, outcome);
+  converse(input.writeEnd, output.readEnd, errors.readEnd, invocation, child, outcome);
   outcome.status = waitFor(child);
   return outcome;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,12 @@
 #include <vector>
 
 namespace cardwright::tool {
+
+struct Outcome {
+  int status = -1; ///< exit status; minus the number of the signal that ended it
+  std::string output;
+  std::string errors;
+};
 
 /// How a program is started. It sees no environment but what is named here.
 struct Invocation {
@@ -19,12 +26,12 @@ struct Invocation {
   std::optional<std::string> outputFile{};
   /// Standard output is closed by its reader after this many bytes.
   std::optional<std::size_t> readOnly{};
-};
-
-struct Outcome {
-  int status = -1; ///< exit status; minus the number of the signal that ended it
-  std::string output;
-  std::string errors;
+  /// Standard error is a terminal.
+  bool hasErrorTerminal = false;
+  /// Standard input stays open until this is true of what was seen so far.
+  std::function<bool(const Outcome&)> holdInputUntil{};
+  /// Sent then.
+  std::optional<int> signal{};
 };
 
 /// Runs the cardwright command that was built.
