@@ -76,7 +76,7 @@ bool forEachPiece(const TextFile& file, std::string_view doing, Progress& progre
     made.cards = readCards(made.text, &report, asItIs);
     held.add(report);
     made.properties = held.properties;
-    if (!made.cards.empty() && !endsCard(piece)) {
+    if (!made.cards.empty() && !pieces.endsCard()) {
       made.text += "END:VCARD\r\n"; // Else it would swallow what follows.
     }
     goesOn = use(made);

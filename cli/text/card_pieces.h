@@ -16,16 +16,23 @@ class CardPieces {
 
   /// @returns whether there is another piece
   bool next(std::string_view& piece);
+  /// Whether the last line of the last piece ends a card.
+  [[nodiscard]] bool endsCard() const noexcept { return m_endsCard; }
   /// How much of the text was cut, in bytes.
   [[nodiscard]] std::size_t position() const noexcept { return m_at; }
 
  private:
+  /// Passes one line with those that continue it.
+  /// @param end receives the end of what is not blank of a line that ends a card
+  /// @returns whether it is such a line
+  bool passLine(std::size_t& end);
+  [[nodiscard]] bool isBlankAhead() const;
+  std::string_view takeSegment();
+
   std::string_view m_text;
   std::size_t m_at = 0;
+  bool m_endsCard = false;
 };
-
-/// Whether the last line of a piece ends a card.
-[[nodiscard]] bool endsCard(std::string_view piece);
 
 /// The text with each of its line ends, and one at its end, written as CR LF. CRs before a LF are
 /// one line end with it.
