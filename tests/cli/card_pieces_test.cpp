@@ -1,4 +1,7 @@
+#include "support/random_source.h"
 #include "text/card_pieces.h"
+
+#include <cardwright/face.h>
 
 #include <gtest/gtest.h>
 
@@ -59,6 +62,43 @@ TEST(CardPieces, tellWhetherTheyEndACard) {
     std::string_view piece;
     EXPECT_TRUE(pieces.next(piece));
     EXPECT_FALSE(pieces.endsCard()) << text;
+  }
+}
+
+struct Found {
+  std::size_t cards = 0;
+  std::size_t properties = 0;
+  bool operator==(const Found&) const = default;
+};
+
+Found foundIn(const std::string& text) {
+  ReadOptions options;
+  options.encoding = "UTF-8";
+  options.clean = false;
+  ReadReport report;
+  static_cast<void>(readCards(text, &report, options));
+  return {report.cards, report.properties};
+}
+
+TEST(CardPieces, holdWhatTheTextHolds) {
+  const std::string_view kParts[] = {
+      "BEGIN:VCARD", "END:VCARD", "end:", "vcard", "\n",
+      "\r\n",        "\n",        "\n ",  "\n\t",  " ",
+      "FN:a",        "no colon",  "=",    "\r",    "NOTE;ENCODING=QUOTED-PRINTABLE:b"};
+  RandomSource random(7);
+  for (int round = 0; round < 20'000; ++round) {
+    std::string text;
+    for (std::size_t count = random.below(16) + 1; count > 0; --count) {
+      text += kParts[random.below(std::size(kParts))];
+    }
+    Found found;
+    CardPieces pieces(text);
+    for (std::string_view piece; pieces.next(piece);) {
+      const Found more = foundIn(withAlikeLineEnds(piece));
+      found.cards += more.cards;
+      found.properties += more.properties;
+    }
+    ASSERT_EQ(found, foundIn(text)) << testing::PrintToString(text);
   }
 }
 
