@@ -30,8 +30,8 @@ constexpr const char* kExamples =
     "  cardwright check --all *.vcf | grep -c bad-date\n"
     "  cardwright check --json contacts.vcf | jq -r '.findings[].code'\n"
     "\n"
-    "One line for each mistake: FILE:LINE:COLUMN: severity: text [code]. docs/checks.md lists the\n"
-    "codes. The exit status is 3 when there is a finding.";
+    "One line for each mistake: FILE:LINE:COLUMN: severity: text [code].\n"
+    "docs/checks.md lists the codes. The exit status is 3 when there is a finding.";
 
 const char* wordOf(Severity severity) {
   return severity == Severity::error ? "error" : "warning";

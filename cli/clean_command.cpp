@@ -39,8 +39,8 @@ constexpr const char* kExamples =
     "  cardwright clean --in-place=.bak *.vcf     repair files, keep the old ones\n"
     "  cardwright clean --check contacts.vcf      only tell; exit status 3 when damaged\n"
     "\n"
-    "A file that needs nothing is left byte for byte alone. Every repair is told on standard "
-    "error.";
+    "A file that needs nothing is left byte for byte alone. Every repair is told on\n"
+    "standard error.";
 
 /// A file before and after.
 struct CleanedFile {
@@ -189,15 +189,14 @@ void addCleanCommand(CLI::App& app, const Session& session) {
           ->add_option_function<std::string>(
               "--in-place",
               [options](const std::string& suffix) { options->backupSuffix = suffix; },
-              "Repair the files themselves; the old ones are kept under the suffix, if one is "
-              "given")
+              "Repair the files themselves; SUFFIX keeps the old")
           ->type_name("SUFFIX")
           ->expected(0, 1)
           ->default_str("");
   CLI::Option* const diff =
       command->add_flag("--diff", options->isDiff, "Print what would be changed instead");
-  CLI::Option* const check =
-      command->add_flag("--check", options->isCheck, "Print nothing but what would be repaired");
+  CLI::Option* const check = command->add_flag("--check", options->isCheck,
+                                               "Only tell what would be repaired; exit status 3");
   CLI::Option* const output = addOutputFile(*command, options->output);
   addReportOptions(*command, options->output, session);
   inPlace->excludes(output)->excludes(diff)->excludes(check);

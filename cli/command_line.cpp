@@ -25,8 +25,8 @@ constexpr const char* kExamples =
     "                                         without a file, standard input is read\n"
     "  cardwright show --help                 more about one command\n"
     "\n"
-    "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage,\n"
-    "3 'check' or 'clean --check' found something.";
+    "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage, 3\n"
+    "'check' or 'clean --check' found something.";
 
 } // namespace
 

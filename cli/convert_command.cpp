@@ -14,8 +14,9 @@ constexpr const char* kExamples =
     "  cardwright convert --to 4.0 contacts.vcf > contacts-4.vcf\n"
     "  cardwright convert --to 3.0 -o phone.vcf --report lost.json *.vcf\n"
     "\n"
-    "What the version does not have is kept under a name that begins with X-, and comes back when\n"
-    "the cards are converted back. docs/conversion.md tells what becomes of each property.";
+    "What the version does not have is kept under a name that begins with X-, and\n"
+    "comes back when the cards are converted back. docs/conversion.md tells what\n"
+    "becomes of each property.";
 
 } // namespace
 

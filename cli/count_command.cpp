@@ -34,8 +34,8 @@ constexpr const char* kExamples =
     "  cardwright count --json contacts.vcf | jq .total.cards\n"
     "  cardwright count --no-clean contacts.vcf   as the file stands, without repairs\n"
     "\n"
-    "Counts cards, the versions that they state, properties by name, repairs by kind, and lines\n"
-    "that could not be used.";
+    "Counts cards, the versions that they state, properties by name, repairs by\n"
+    "kind, and lines that could not be used.";
 
 /// A table of two columns.
 class CountTable {

@@ -23,8 +23,9 @@ constexpr const char* kExamples =
     "  cardwright join phone.vcf mail.vcf | cardwright convert --to 4.0 > all.vcf\n"
     "  cardwright join --no-clean -o all.vcf people/*.vcf\n"
     "\n"
-    "Cards are written as they stand in the files, in UTF-8 and with line ends alike, and nothing\n"
-    "is left out. Each file is repaired by itself first. The output may be one of the files.";
+    "Cards are written as they stand in the files, in UTF-8 and with line ends\n"
+    "alike, and nothing is left out. Each file is repaired by itself first. The\n"
+    "output may be one of the files.";
 
 void joinTo(Output& output, const JoinOptions& options, PieceSums& sums, Diagnostics& diagnostics) {
   forEachTextFile(options.reading, diagnostics, [&](const TextFile& file) {

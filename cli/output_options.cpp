@@ -9,7 +9,7 @@ namespace cardwright::tool {
 CLI::Option* addOutputFile(CLI::App& command, OutputOptions& options) {
   return command
       .add_option("-o,--output", options.outputFile,
-                  "File to write; it is replaced at once. '-' or none is standard output")
+                  "File to write, in one step; else standard output")
       ->type_name("FILE");
 }
 

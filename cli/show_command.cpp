@@ -28,8 +28,8 @@ constexpr const char* kExamples =
     "  cardwright show --encoding=windows-1252 old-phone.vcf\n"
     "  curl -s https://example.org/me.vcf | cardwright show\n"
     "\n"
-    "Colour is used on a terminal, unless NO_COLOR is set in the environment.\n"
-    "What a card holds can never steer the terminal: control characters are shown.";
+    "Colour is used on a terminal, unless NO_COLOR is set in the environment. What a\n"
+    "card holds can never steer the terminal: control characters are shown.";
 
 ColorWish colorWish(const std::string& word) {
   if (word == "auto") {

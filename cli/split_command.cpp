@@ -37,10 +37,11 @@ constexpr const char* kExamples =
     "  cardwright split -d people --force family.vcf friends.vcf\n"
     "  cardwright show people/'Ada Lovelace.vcf'\n"
     "\n"
-    "Files are called after the name on the card, a number behind it where others are called so\n"
-    "too: 'Ada Lovelace 2.vcf'. Cards without any name are 'card-7.vcf'. Each card is written as\n"
-    "it stands in the repaired file, in UTF-8 and with line ends alike. Where a file is there\n"
-    "already, nothing of that input is written, unless --force is given.";
+    "Files are called after the name on the card, a number behind it where others\n"
+    "are called so too: 'Ada Lovelace 2.vcf'. Cards without any name are\n"
+    "'card-7.vcf'. Each card is written as it stands in the repaired file, in UTF-8\n"
+    "and with line ends alike. Where a file is there already, nothing of that input\n"
+    "is written, unless --force is given.";
 
 bool isThere(const std::string& path) {
   struct stat status {};

@@ -14,9 +14,9 @@ constexpr const char* kExamples =
     "  cardwright write --to 3.0 contacts.vcf > unfolded-and-refolded.vcf\n"
     "  cardwright write --to 4.0 -o contacts.vcf contacts.vcf\n"
     "\n"
-    "Each card is read and written again in the syntax of the version: that is all. No VERSION\n"
-    "is changed; 'convert' does that. What had to be changed so that the same card can be read\n"
-    "again is told.";
+    "Each card is read and written again in the syntax of the version: that is all.\n"
+    "No VERSION is changed; 'convert' does that. What had to be changed so that the\n"
+    "same card can be read again is told.";
 
 } // namespace
 

@@ -143,6 +143,10 @@ TEST(Help, teachesByExampleAndIsAlikeInAllCommands) {
     EXPECT_NE(help.find("Examples:\n  cardwright " + command + " "), std::string::npos) << command;
     EXPECT_NE(help.find("Files to read; '-' or none is standard input"), std::string::npos)
         << command;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_LE(line.size(), 80U) << line;
+    }
     const std::set<std::string> options = optionsOf(command);
     for (const char* const option : {"--help", "--encoding", "--quiet", "-q"}) {
       EXPECT_TRUE(options.contains(option)) << command << " " << option;
