@@ -37,7 +37,7 @@ constexpr const char* kExamples =
     "  cardwright clean contacts.vcf > repaired.vcf\n"
     "  cardwright clean --diff contacts.vcf       what would be changed\n"
     "  cardwright clean --in-place=.bak *.vcf     repair files, keep the old ones\n"
-    "  cardwright clean --check contacts.vcf      only tell; exit status 3 when damaged\n"
+    "  cardwright clean --check contacts.vcf      only tell; status 3 when damaged\n"
     "\n"
     "A file that needs nothing is left byte for byte alone. Every repair is told on\n"
     "standard error.";

@@ -59,9 +59,7 @@ void forEachCardFile(const ReadingOptions& options, Diagnostics& diagnostics,
     bytes.reset(); // the cards hold what they need
     diagnostics.progress().end();
     file.repairs = repairNotes(report.decoding, report.summaries);
-    for (const std::string& repair : file.repairs) {
-      diagnostics.note(displayName(path), repair);
-    }
+    tellNotes(path, file.repairs, diagnostics);
     if (file.cards.empty()) {
       diagnostics.note(displayName(path), "no cards in it");
     } else {

@@ -2,6 +2,9 @@
 
 #include "io/input.h"
 
+#include <map>
+#include <string_view>
+
 namespace cardwright::tool {
 
 std::vector<std::string> repairNotes(const DecodingReport& decoding,
@@ -21,10 +24,26 @@ std::string foreignLineNote(const ForeignLine& line) {
          " stands outside the cards: " + line.text;
 }
 
-void noteRepairs(const std::string& path, const CleanReport& report, Diagnostics& diagnostics) {
-  for (const std::string& repair : repairNotes(report.decoding, report.summaries)) {
-    diagnostics.note(displayName(path), repair);
+void tellNotes(const std::string& path, const std::vector<std::string>& notes,
+               Diagnostics& diagnostics) {
+  std::map<std::string_view, std::size_t> counts;
+  std::vector<std::string_view> inOrder;
+  for (const std::string& note : notes) {
+    if (++counts[note] == 1) {
+      inOrder.push_back(note);
+    }
   }
+  for (const std::string_view note : inOrder) {
+    std::string message(note);
+    if (const std::size_t count = counts[note]; count > 1) {
+      message.append(", ").append(std::to_string(count)).append(" times");
+    }
+    diagnostics.note(displayName(path), message);
+  }
+}
+
+void noteRepairs(const std::string& path, const CleanReport& report, Diagnostics& diagnostics) {
+  tellNotes(path, repairNotes(report.decoding, report.summaries), diagnostics);
   if (report.foreignLine) {
     diagnostics.note(displayName(path), foreignLineNote(*report.foreignLine));
   }

@@ -17,6 +17,10 @@ namespace cardwright::tool {
 /// Says why nothing was repaired where that is not because nothing is broken.
 [[nodiscard]] std::string foreignLineNote(const ForeignLine& line);
 
+/// Says each of these notes about a file once, with how often it comes.
+void tellNotes(const std::string& path, const std::vector<std::string>& notes,
+               Diagnostics& diagnostics);
+
 /// Says what was repaired in a file, or why nothing was where that is not because nothing is
 /// broken.
 void noteRepairs(const std::string& path, const CleanReport& report, Diagnostics& diagnostics);

@@ -62,6 +62,17 @@ class CorpusFiles : public testing::Test {
   TemporaryFolder m_folder;
 };
 
+TEST_F(CorpusFiles, areBorneByEachCommandThatOnlyReads) {
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"show"}, {"json"}, {"count"}, {"check", "--all"}, {"check"}}) {
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.end(), m_files.begin(), m_files.end());
+    const Outcome outcome = runTool({arguments, ""});
+    EXPECT_EQ(outcome.status, command.front() == "check" ? 3 : 0) << command.front();
+    EXPECT_FALSE(outcome.output.empty());
+  }
+}
+
 TEST_F(CorpusFiles, holdTheSameWhenTheyAreJoined) {
   const rapidjson::Document counts = countsOf({}, m_files);
   const std::string joined = m_folder.path() + "/joined.vcf";

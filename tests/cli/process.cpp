@@ -11,6 +11,7 @@
 #include <poll.h>
 #include <pty.h>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -146,11 +147,13 @@ void converse(Descriptor& input, Descriptor& output, Descriptor& errors,
   }
 }
 
-int waitFor(pid_t child) {
+int waitFor(pid_t child, std::size_t& peakBytes) {
   int status = 0;
-  while (::waitpid(child, &status, 0) < 0) {
-    check(errno == EINTR, "waitpid");
+  rusage usage{};
+  while (::wait4(child, &status, 0, &usage) < 0) {
+    check(errno == EINTR, "wait4");
   }
+  peakBytes = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
   return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
 }
 
@@ -195,7 +198,7 @@ Outcome runTool(const Invocation& invocation) {
 
   Outcome outcome;
   converse(input.writeEnd, output.readEnd, errors.readEnd, invocation, child, outcome);
-  outcome.status = waitFor(child);
+  outcome.status = waitFor(child, outcome.peakBytes);
   return outcome;
 }
 

@@ -10,7 +10,8 @@
 namespace cardwright::tool {
 
 struct Outcome {
-  int status = -1; ///< exit status; minus the number of the signal that ended it
+  int status = -1;           ///< exit status; minus the number of the signal that ended it
+  std::size_t peakBytes = 0; ///< of memory that it held at once
   std::string output;
   std::string errors;
 };
