@@ -6,6 +6,7 @@
 #include "reading_options.h"
 #include "report/piece_sums.h"
 #include "text/file_names.h"
+#include "text/words.h"
 #include "view/card_names.h"
 
 #include <cardwright/utf8.h>
@@ -16,6 +17,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <utility>
 #include <vector>
@@ -48,6 +50,10 @@ bool isThere(const std::string& path) {
   return ::lstat(path.c_str(), &status) == 0;
 }
 
+std::string firstLineOf(std::string_view text) {
+  return utf8FromText(shortened(textFromUtf8(text.substr(0, text.find("\r\n")))));
+}
+
 class Splitting {
  public:
   Splitting(const SplitOptions& options, Diagnostics& diagnostics)
@@ -66,7 +72,8 @@ class Splitting {
         return writeFile(*path++, piece.text);
       }
       if (piece.cards.empty()) {
-        m_diagnostics.note(displayName(file.path), "left out, for no card follows: " + piece.text);
+        m_diagnostics.note(displayName(file.path),
+                           "left out, for no card follows: " + firstLineOf(piece.text));
         return true;
       }
       m_sums.add(piece);
@@ -108,7 +115,7 @@ class Splitting {
   }
 
   bool writeFile(const std::string& path, const std::string& bytes) {
-    return replaceFile(path, bytes, m_diagnostics, {{}, m_options.replaces, false});
+    return replaceFile(path, bytes, m_diagnostics, {{}, m_options.replaces, false, false});
   }
 
   const SplitOptions& m_options;

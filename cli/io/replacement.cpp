@@ -85,7 +85,7 @@ int keepBackup(const std::string& target, const std::string& backup) {
 Replacement::Replacement(const std::string& path, Diagnostics& diagnostics,
                          ReplacementOptions options)
     : m_path(path),
-      m_target(options.replacesExisting ? followed(path) : path),
+      m_target(options.replacesExisting && options.followsLinks ? followed(path) : path),
       m_temporary(m_target + ".XXXXXX"),
       m_options(std::move(options)),
       m_diagnostics(diagnostics) {

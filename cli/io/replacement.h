@@ -11,6 +11,7 @@ namespace cardwright::tool {
 struct ReplacementOptions {
   std::string backup{};         ///< path that the old file is kept under; empty for none
   bool replacesExisting = true; ///< else a file or link of the name is an error
+  bool followsLinks = true;     ///< else a link is replaced itself; only what replaces follows any
   bool isSynced = true; ///< flushed to disk before and after; else whoever asks sees to that
 };
 

@@ -98,10 +98,15 @@ TEST(SplitCommand, replacesNothingUnlessForced) {
   EXPECT_EQ(namesIn(folder.path()), (Names{"Ada.vcf", "Bea.vcf"}));
 }
 
-TEST(SplitCommand, writesThroughNoLinkUnlessForced) {
+TEST(SplitCommand, writesThroughNoLink) {
   const TemporaryFolder folder;
-  std::filesystem::create_symlink("nowhere", folder.path() + "/Ada.vcf");
-  EXPECT_EQ(runTool({{"split", "-d", folder.path()}, cardOf("FN:Ada\r\n")}).status, 1);
+  const std::string link = folder.path() + "/Ada.vcf";
+  const std::string text = cardOf("FN:Ada\r\n");
+  std::filesystem::create_symlink("nowhere", link);
+  EXPECT_EQ(runTool({{"split", "-d", folder.path()}, text}).status, 1);
+  EXPECT_EQ(namesIn(folder.path()), Names{"Ada.vcf"});
+  EXPECT_EQ(runTool({{"split", "--force", "-d", folder.path()}, text}).status, 0);
+  EXPECT_FALSE(std::filesystem::is_symlink(link));
   EXPECT_EQ(namesIn(folder.path()), Names{"Ada.vcf"});
 }
 
