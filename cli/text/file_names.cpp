@@ -89,7 +89,7 @@ std::string safeFileName(TextView name) {
   bool canBeSeen = false;
   for (std::size_t at = 0; at < name.size();) {
     UChar32 character = 0;
-    U16_NEXT(name.data(), at, name.size(), character);
+    U16_NEXT(name, at, name.size(), character);
     character = safeCharacter(character);
     const bool leads = safe.empty() && (character == u' ' || character == u'.' ||
                                         character == u'-' || character == u'~');
