@@ -12,7 +12,10 @@ if(SHARED)
   list(APPEND expected "lib.*/libcardwright[.]so" "lib.*/libcardwright[.]so[.]0")
 endif()
 if(TOOL)
-  list(APPEND expected "bin/cardwright")
+  list(
+    APPEND expected "bin/cardwright" "share/man/man1/cardwright[.]1"
+    "share/bash-completion/completions/cardwright" "share/zsh/vendor-completions/_cardwright"
+    "share/fish/vendor_completions[.]d/cardwright[.]fish")
 endif()
 file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE ${INSTALLED} ${INSTALLED}/*)
 foreach(file IN LISTS expected)
