@@ -66,9 +66,9 @@ class CleanSums {
     const CleanReport& report = file.report;
     const std::vector<std::size_t> cards =
         cardsOfRepairs(file.bytes, report.decoding.encoding, report.repairs);
-    const HeldCounts before = countHeld(file.bytes, report.decoding.encoding, !file.cleaned);
+    const HeldCounts before = countHeld(file.bytes, report.decoding.encoding);
     file.bytes = {};
-    const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "UTF-8", true) : before;
+    const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "UTF-8") : before;
     m_sums.addCleaning(before, after, report.repairs);
     m_sums.cardsRepaired += distinctCards(cards);
     if (m_wantsReport) {

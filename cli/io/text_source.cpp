@@ -35,7 +35,7 @@ TextFile textFile(const std::string& path, std::string bytes, const ReadOptions&
     file.text = decoded(std::move(bytes), options.encoding, report.decoding);
     return file;
   }
-  file.before = countHeld(bytes, report.decoding.encoding, false);
+  file.before = countHeld(bytes, report.decoding.encoding);
   file.cardsOfRepairs = cardsOfRepairs(bytes, report.decoding.encoding, report.repairs);
   file.text = std::move(*cleaned);
   return file;

@@ -99,19 +99,15 @@ std::string Sums::line() const {
   return text;
 }
 
-HeldCounts countHeld(std::string_view bytes, const std::string& encoding, bool isSound) {
+HeldCounts countHeld(std::string_view bytes, const std::string& encoding) {
   ReadOptions options;
   options.encoding = encoding;
+  options.clean = false;
   HeldCounts held;
   while (!bytes.empty()) {
     const std::size_t size = encoding == "UTF-8" ? portionSize(bytes) : bytes.size();
     ReadReport report;
-    options.clean = isSound;
     static_cast<void>(readCards(bytes.substr(0, size), &report, options));
-    if (!report.summaries.empty()) {
-      options.clean = false;
-      static_cast<void>(readCards(bytes.substr(0, size), &report, options));
-    }
     held.add(report);
     bytes.remove_prefix(size);
   }

@@ -46,9 +46,6 @@ struct Sums {
 
 /// Counts what bytes hold as they are. UTF-8 is read in portions, so that little memory is needed.
 /// @param encoding as decoding reported it
-/// @param isSound whether nothing is likely to be damaged: the cleaner's glance at each line then
-///        makes reading faster. What it would repair is read once more as it is.
-[[nodiscard]] HeldCounts countHeld(std::string_view bytes, const std::string& encoding,
-                                   bool isSound);
+[[nodiscard]] HeldCounts countHeld(std::string_view bytes, const std::string& encoding);
 
 } // namespace cardwright::tool
