@@ -3,7 +3,8 @@
 toolPackages=(g++:g++ cmake:cmake ninja-build:ninja
   libicu-dev libcli11-dev rapidjson-dev libgtest-dev libbenchmark-dev)
 checkPackages=(clang:clang++ libclang-rt-dev llvm:llvm-symbolizer
-  clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps pkg-config:pkg-config)
+  clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps pkg-config:pkg-config
+  parallel:parallel)
 docsPackages=(doxygen:doxygen)
 peerPackages=(pkg-config:pkg-config libebook-contacts1.2-dev libkf5contacts-dev libvc-dev
   python3-vobject libez-vcard-java libvinnie-java default-jdk-headless:javac)
