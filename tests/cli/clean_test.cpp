@@ -1,12 +1,11 @@
 #include "cli/process.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
 #include <cstdint>
 #include <filesystem>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -234,17 +233,14 @@ TEST(CleanCommand, reportsBytesDroppedInDecoding) {
   EXPECT_EQ(document["sums"]["propertiesOut"].GetUint64(), 1U);
 }
 
-TEST(CleanCommand, sumsAddUpOverTheCorpus) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusCleanSums = CorpusTest;
+
+TEST_F(CorpusCleanSums, addUp) {
   const TemporaryFolder folder;
   const std::string report = folder.path() + "/report.json";
   const std::string written = folder.path() + "/written.vcf";
   std::vector<std::string> copies;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     copies.push_back(folder.write(std::to_string(copies.size()) + ".vcf", bytesOf(file)));
   }
   const auto sumsOf = [&](std::vector<std::string> arguments) {

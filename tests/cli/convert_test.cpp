@@ -1,11 +1,10 @@
 #include "cli/process.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
 #include <filesystem>
-#include <iostream>
 #include <string>
 
 namespace cardwright::tool {
@@ -122,17 +121,14 @@ rapidjson::Document sumsOf(const std::vector<std::string>& command, const std::s
   return document;
 }
 
-TEST(Sums, addUpOverTheCorpus) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusSums = CorpusTest;
+
+TEST_F(CorpusSums, addUp) {
   const TemporaryFolder folder;
   const std::string report = folder.path() + "/report.json";
   const std::string written = folder.path() + "/written.vcf";
   std::vector<std::string> paths;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     paths.push_back(file.string());
   }
   for (const std::vector<std::string>& verb : {std::vector<std::string>{"write", "--to", "3.0"},

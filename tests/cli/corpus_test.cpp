@@ -1,12 +1,12 @@
+#include "support/corpus_test.h"
+
 #include "cli/process.h"
-#include "support/corpus.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -45,15 +45,11 @@ rapidjson::Document reportOf(std::vector<std::string> command, const std::string
   return document;
 }
 
-class CorpusFiles : public testing::Test {
+class CorpusFiles : public CorpusTest {
  protected:
   void SetUp() override {
-    const auto files = corpusFiles();
-    if (!files) {
-      std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-      GTEST_SKIP();
-    }
-    for (const auto& file : *files) {
+    CorpusTest::SetUp();
+    for (const auto& file : files()) {
       m_files.push_back(file.string());
     }
   }

@@ -2,7 +2,7 @@
 #include "cardwright/check.h"
 #include "cardwright/face.h"
 #include "cardwright/utf8.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 
 #include <gtest/gtest.h>
 
@@ -56,15 +56,12 @@ void expectKnown(const Counts& errors, const Counts& known, VersionCode version)
   }
 }
 
-TEST(CheckTrip, findsNoErrorInConvertedCardsThatTheyDidNotHave) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusCheckTrip = CorpusTest;
+
+TEST_F(CorpusCheckTrip, findsNoErrorInConvertedCardsThatTheyDidNotHave) {
   std::size_t before = 0;
   std::map<VersionCode, std::size_t> after;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     const std::string bytes = bytesOf(file);
     const Counts old = errorsIn(bytes);

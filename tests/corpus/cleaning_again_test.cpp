@@ -1,5 +1,5 @@
 #include "cardwright/face.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 
 #include <gtest/gtest.h>
 
@@ -9,14 +9,11 @@
 namespace cardwright {
 namespace {
 
-TEST(Corpus, isCleanAfterOneCleaning) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusCleaning = CorpusTest;
+
+TEST_F(CorpusCleaning, isOverAfterOnce) {
   std::size_t repaired = 0;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     const auto once = cleanText(bytesOf(file));
     if (once) {
@@ -24,7 +21,7 @@ TEST(Corpus, isCleanAfterOneCleaning) {
       EXPECT_FALSE(cleanText(*once));
     }
   }
-  std::cout << repaired << " of " << files->size() << " files were repaired\n";
+  std::cout << repaired << " of " << files().size() << " files were repaired\n";
   EXPECT_GT(repaired, 0U);
 }
 

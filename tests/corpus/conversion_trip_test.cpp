@@ -2,7 +2,7 @@
 #include "support/address_book.h"
 #include "support/built_card.h"
 #include "support/conversion_trip.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 #include "support/round_trip.h"
 #include "support/safe_trip.h"
 #include "support/seed.h"
@@ -30,14 +30,11 @@ void expectReturn(const VCard& card) {
   }
 }
 
-TEST(ConversionTrip, returnsCardsOfTheCorpus) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusConversionTrip = CorpusTest;
+
+TEST_F(CorpusConversionTrip, returnsCards) {
   std::size_t cards = 0;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     for (const auto& card : readCards(bytesOf(file))) {
       removeUnpromised(*card);

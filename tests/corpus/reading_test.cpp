@@ -1,6 +1,6 @@
 #include "cardwright/decode.h"
 #include "cardwright/face.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 
 #include <gtest/gtest.h>
 
@@ -10,14 +10,11 @@
 namespace cardwright {
 namespace {
 
-TEST(Corpus, isReadWithoutACrash) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusReading = CorpusTest;
+
+TEST_F(CorpusReading, isDoneWithoutACrash) {
   std::size_t cards = 0;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     const std::string bytes = bytesOf(file);
     ReadReport report;
@@ -27,7 +24,7 @@ TEST(Corpus, isReadWithoutACrash) {
     ASSERT_TRUE(fromText);
     cards += fromText->size();
   }
-  std::cout << files->size() << " files with " << cards << " cards\n";
+  std::cout << files().size() << " files with " << cards << " cards\n";
   EXPECT_GT(cards, 0U);
 }
 

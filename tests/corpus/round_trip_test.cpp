@@ -1,6 +1,6 @@
 #include "cardwright/decode.h"
 #include "support/address_book.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 #include "support/round_trip.h"
 #include "support/seed.h"
 #include "support/strange_cards.h"
@@ -30,14 +30,11 @@ std::ostream& operator<<(std::ostream& stream, const Tally& tally) {
                 << tally.unwritable << " properties that cannot be written\n";
 }
 
-TEST(RoundTrip, keepsCardsOfTheCorpus) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusRoundTrip = CorpusTest;
+
+TEST_F(CorpusRoundTrip, keepsCards) {
   Tally tally;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     const auto cards = VCard::vCardsFromString(decodeFile(bytesOf(file)));
     for (const auto& card : cards.value()) {

@@ -1,7 +1,7 @@
 #include "cardwright/face.h"
 #include "support/address_book.h"
 #include "support/built_card.h"
-#include "support/corpus.h"
+#include "support/corpus_test.h"
 #include "support/round_trip.h"
 #include "support/safe_trip.h"
 #include "support/seed.h"
@@ -17,14 +17,11 @@ namespace {
 
 constexpr VersionCode kOwnAndAll[] = {0, 2, 3, 4};
 
-TEST(SafeTrip, keepsCardsOfTheCorpus) {
-  const auto files = corpusFiles();
-  if (!files) {
-    std::cout << "CARDWRIGHT_CORPUS is not set: all files of the corpus are skipped\n";
-    return;
-  }
+using CorpusSafeTrip = CorpusTest;
+
+TEST_F(CorpusSafeTrip, keepsCards) {
   std::size_t cards = 0;
-  for (const auto& file : *files) {
+  for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     for (const auto& card : readCards(bytesOf(file))) {
       removeUnpromised(*card);
