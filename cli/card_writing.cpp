@@ -5,10 +5,12 @@
 #include "io/repair_notes.h"
 #include "report/repair_cards.h"
 #include "report/report_json.h"
+#include "version_name.h"
 
 #include <CLI/CLI.hpp>
 
 #include <map>
+#include <optional>
 
 namespace cardwright::tool {
 
@@ -119,13 +121,12 @@ class CardWriting {
   std::map<std::string_view, Note> m_notes; ///< of the file that is being written
 };
 
-VersionCode versionNamed(const std::string& name) {
-  static const std::map<std::string, VersionCode> kVersions = {{"2.1", 2}, {"3.0", 3}, {"4.0", 4}};
-  const auto version = kVersions.find(name);
-  if (version == kVersions.end()) {
+VersionCode wantedVersion(const std::string& name) {
+  const std::optional<VersionCode> version = versionNamed(name);
+  if (!version) {
     throw CLI::ValidationError("--to", "'" + name + "' is not 2.1, 3.0 or 4.0");
   }
-  return version->second;
+  return *version;
 }
 
 } // namespace
@@ -135,7 +136,7 @@ void addWritingOptions(CLI::App& command, WritingOptions& options, const char* v
   addReadingOptions(command, options.reading);
   command
       .add_option_function<std::string>(
-          "--to", [&](const std::string& name) { options.version = versionNamed(name); },
+          "--to", [&](const std::string& name) { options.version = wantedVersion(name); },
           versionHelp)
       ->type_name("VERSION")
       ->required();

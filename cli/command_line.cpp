@@ -21,6 +21,9 @@ constexpr const char* kExamples =
     "                                         a file for each card\n"
     "  cardwright join -o all.vcf people/*.vcf\n"
     "                                         one file of many\n"
+#ifdef CARDWRIGHT_HAS_SERVE
+    "  cardwright serve                       all this on a page, in a browser\n"
+#endif
     "  unzip -p backup.zip a.vcf | cardwright show\n"
     "                                         without a file, standard input is read\n"
     "  cardwright show --help                 more about one command\n"
@@ -49,6 +52,9 @@ std::unique_ptr<CLI::App> makeCommandLine(const Session& session) {
   addCleanCommand(app, session);
   addSplitCommand(app, session);
   addJoinCommand(app, session);
+#ifdef CARDWRIGHT_HAS_SERVE
+  addServeCommand(app, session);
+#endif
   return made;
 }
 

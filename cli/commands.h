@@ -29,5 +29,6 @@ void addCleanCommand(CLI::App& app, const Session& session);
 void addCountCommand(CLI::App& app, const Session& session);
 void addSplitCommand(CLI::App& app, const Session& session);
 void addJoinCommand(CLI::App& app, const Session& session);
+void addServeCommand(CLI::App& app, const Session& session);
 
 } // namespace cardwright::tool

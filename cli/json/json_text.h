@@ -23,15 +23,24 @@ class JsonText {
     m_writer.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
   }
   void string(std::string_view name, std::string_view value) {
+    text(name, textFromUtf8(value)); // Sound UTF-8 is what RapidJSON asks for.
+  }
+  void text(std::string_view name, TextView value) {
     key(name);
-    // Sound UTF-8 is what RapidJSON asks for.
-    const std::string text = utf8FromText(textFromUtf8(value));
+    element(value);
+  }
+  /// A text within an array.
+  void element(TextView value) {
+    const std::string text = utf8FromText(value);
     m_writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
   }
   void number(std::string_view name, std::size_t value) {
     key(name);
     m_writer.Uint64(value);
   }
+
+  /// How many bytes were written so far.
+  [[nodiscard]] std::size_t size() const noexcept { return m_buffer.GetSize(); }
 
   [[nodiscard]] rapidjson::Writer<rapidjson::StringBuffer>& writer() noexcept { return m_writer; }
 

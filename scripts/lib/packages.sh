@@ -1,7 +1,8 @@
 # Debian packages, each with the command it is wanted for; a library has none.
 
 toolPackages=(g++:g++ cmake:cmake ninja-build:ninja
-  libicu-dev libcli11-dev rapidjson-dev libgtest-dev libbenchmark-dev)
+  pkg-config:pkg-config
+  libicu-dev libcli11-dev libcpp-httplib-dev rapidjson-dev libgtest-dev libbenchmark-dev)
 checkPackages=(clang:clang++ libclang-rt-dev llvm:llvm-symbolizer
   clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps pkg-config:pkg-config
   parallel:parallel)

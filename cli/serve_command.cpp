@@ -1,0 +1,61 @@
+#include "commands.h"
+#include "serve/server.h"
+#include "serve/token.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+
+namespace cardwright::tool {
+
+namespace {
+
+struct ServeOptions {
+  int port = 0;
+  bool isQuiet = false;
+};
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  cardwright serve                           open the address that it prints\n"
+    "  cardwright serve --port 8080               always the same port\n"
+    "\n"
+    "Shows a page in a browser of this machine: drop a file on it, see its cards,\n"
+    "what was repaired and what is wrong, and save it in any version. Nothing is\n"
+    "stored and nothing leaves the machine. Ctrl-C ends it. docs/page.md tells more.";
+
+void servePage(const ServeOptions& options, const Session& session) {
+  const std::string token = randomToken();
+  if (token.empty()) {
+    session.diagnostics.error({}, "the system gives no random numbers");
+    return;
+  }
+  const int error = serve(options.port, token, [&](const std::string& address) {
+    if (!options.isQuiet) {
+      session.diagnostics.note("open this address in a browser; Ctrl-C ends it");
+    }
+    session.output.write(address + "\n");
+    session.output.flush();
+    return session.output.isOpen();
+  });
+  if (error != 0) {
+    session.diagnostics.error("port " + std::to_string(options.port), systemMessage(error));
+  }
+}
+
+} // namespace
+
+void addServeCommand(CLI::App& app, const Session& session) {
+  const auto options = std::make_shared<ServeOptions>();
+  CLI::App* const command = app.add_subcommand("serve", "Show a page to do all this in a browser");
+  command->group(kCommandGroup);
+  command->add_option("--port", options->port, "Port to listen on; without it, any that is free")
+      ->type_name("NUMBER")
+      ->check(CLI::Range(1, 65535));
+  command->add_flag("-q,--quiet", options->isQuiet, "Print nothing but the address");
+  command->footer(kExamples);
+  command->callback([options, session] { servePage(*options, session); });
+}
+
+} // namespace cardwright::tool
