@@ -55,7 +55,8 @@ Text shownText(TextView text) {
     shown.append(isFirst ? u"" : u"\n").append(printable(line));
     isFirst = false;
   }
-  return shown;
+  const bool isEnded = text.ends_with(u'\n') || text.ends_with(u'\r');
+  return isEnded ? shown.append(u"\n") : shown;
 }
 
 Text shortText(TextView text) {

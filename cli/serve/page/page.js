@@ -90,7 +90,7 @@ function noteRest(place, list) {
 function side(title, name, excerpt) {
   const text = make("pre", { dir: "auto" }, excerpt.lead);
   if (excerpt.changed !== "") {
-    text.append(make("mark", {}, excerpt.changed));
+    text.append(make("mark", {}, excerpt.changed.replaceAll("\n", "↵\n")));
   }
   text.append(excerpt.trail);
   if (text.textContent === "") {
@@ -203,7 +203,8 @@ function showCards(cards) {
 function changeEntry(change) {
   const part = change.part ? `, ${change.part}` : "";
   const target = change.target ? ` → ${change.target}` : "";
-  const text = change.text === "" ? null : make("q", { className: "quiet" }, change.text);
+  const saysNothing = change.text === "" || change.text === change.property;
+  const text = saysNothing ? null : make("q", { className: "quiet" }, change.text);
   return make("li", {}, `card ${change.card}: ${change.property}${part}${target} `, text);
 }
 
