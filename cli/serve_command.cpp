@@ -4,8 +4,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
 #include <memory>
 #include <string>
+#include <system_error>
 
 namespace cardwright::tool {
 
@@ -24,6 +26,17 @@ constexpr const char* kExamples =
     "Shows a page in a browser of this machine: drop a file on it, see its cards,\n"
     "what was repaired and what is wrong, and save it in any version. Nothing is\n"
     "stored and nothing leaves the machine. Ctrl-C ends it. docs/page.md tells more.";
+
+int portNamed(const std::string& number) {
+  constexpr int kMost = 65535;
+  int port = 0;
+  const char* const end = number.data() + number.size();
+  const auto [last, error] = std::from_chars(number.data(), end, port);
+  if (error != std::errc() || last != end || port < 1 || port > kMost) {
+    throw CLI::ValidationError("--port", "'" + number + "' is not a number from 1 to 65535");
+  }
+  return port;
+}
 
 void servePage(const ServeOptions& options, const Session& session) {
   const std::string token = randomToken();
@@ -50,9 +63,11 @@ void addServeCommand(CLI::App& app, const Session& session) {
   const auto options = std::make_shared<ServeOptions>();
   CLI::App* const command = app.add_subcommand("serve", "Show a page to do all this in a browser");
   command->group(kCommandGroup);
-  command->add_option("--port", options->port, "Port to listen on; without it, any that is free")
-      ->type_name("NUMBER")
-      ->check(CLI::Range(1, 65535));
+  command
+      ->add_option_function<std::string>(
+          "--port", [options](const std::string& number) { options->port = portNamed(number); },
+          "Port to listen on; without it, any that is free")
+      ->type_name("NUMBER");
   command->add_flag("-q,--quiet", options->isQuiet, "Print nothing but the address");
   command->footer(kExamples);
   command->callback([options, session] { servePage(*options, session); });

@@ -21,6 +21,9 @@ std::string offerOf(const OptionRow& option) {
   if (!words.empty()) {
     return std::string("COMPREPLY=($(compgen -W '").append(words).append("' -- \"$current\"))");
   }
+  if (option.value == "NUMBER") {
+    return ":";
+  }
   return option.value == "DIR" ? "COMPREPLY=($(compgen -d -- \"$current\"))"
                                : "COMPREPLY=($(compgen -f -- \"$current\"))";
 }
@@ -40,7 +43,7 @@ std::string bashCompletion(const std::vector<CommandRow>& table) {
                      "_cardwright() {\n"
                      "  local current=${COMP_WORDS[COMP_CWORD]}\n"
                      "  local previous=${COMP_WORDS[COMP_CWORD - 1]}\n"
-                     "  local command= word options=\n"
+                     "  local command= word options= takes_files=yes\n"
                      "  COMPREPLY=()\n"
                      "  if [[ $current == = ]]; then\n"
                      "    current=\n"
@@ -62,6 +65,7 @@ std::string bashCompletion(const std::vector<CommandRow>& table) {
     }
     text.append("  ").append(isTool ? "''" : command.name).append(")\n");
     text.append("    options='").append(allNames(command)).append("'\n");
+    text.append(isTool || command.takesFiles ? "" : "    takes_files=\n");
     std::string cases;
     for (const OptionRow& option : command.options) {
       if (!option.value.empty() && !option.isValueOptional) {
@@ -81,7 +85,7 @@ std::string bashCompletion(const std::vector<CommandRow>& table) {
               "    COMPREPLY=($(compgen -W '");
   text.append(joined(commands, " "));
   text.append("' -- \"$current\"))\n"
-              "  else\n"
+              "  elif [[ -n $takes_files ]]; then\n"
               "    local IFS=$'\\n'\n"
               "    COMPREPLY=($(compgen -f -- \"$current\"))\n"
               "  fi\n"

@@ -53,7 +53,9 @@ CommandRow rowOf(const CLI::App& command) {
   row.name = command.get_name();
   row.description = command.get_description();
   for (const CLI::Option* const option : command.get_options()) {
-    if (!option->get_positional()) {
+    if (option->get_positional()) {
+      row.takesFiles = true;
+    } else {
       row.options.push_back(rowOf(*option));
     }
   }

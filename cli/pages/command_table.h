@@ -18,6 +18,7 @@ struct OptionRow {
 struct CommandRow {
   std::string name;
   std::string description;
+  bool takesFiles = false;
   std::vector<OptionRow> options;
   std::vector<std::string> examples;
   std::vector<std::string> paragraphs; ///< what is said behind the examples

@@ -21,6 +21,8 @@ void appendOption(std::string& text, const OptionRow& option, const std::string&
     }
     if (!words.empty()) {
       text.append(" -x -a ").append(quoted(words));
+    } else if (option.value == "NUMBER") {
+      text.append(" -x");
     } else {
       text.append(option.value == "DIR" ? " -x -a '(__fish_complete_directories)'" : " -r -F");
     }
@@ -39,8 +41,12 @@ std::string fishCompletion(const std::vector<CommandRow>& table) {
     const CommandRow& command = table[at];
     text.append("complete -c cardwright -n __fish_use_subcommand -f -a ").append(command.name);
     text.append(" -d ").append(quoted(command.description)).append("\n");
+    const std::string isGiven = quoted("__fish_seen_subcommand_from " + command.name);
+    if (!command.takesFiles) {
+      text.append("complete -c cardwright -n ").append(isGiven).append(" -f\n");
+    }
     for (const OptionRow& option : command.options) {
-      appendOption(text, option, quoted("__fish_seen_subcommand_from " + command.name));
+      appendOption(text, option, isGiven);
     }
   }
   return text;

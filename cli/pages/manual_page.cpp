@@ -58,7 +58,8 @@ std::string manualPage(const std::vector<CommandRow>& table) {
   page.append(".SH COMMANDS\n");
   for (std::size_t at = 1; at < table.size(); ++at) {
     const CommandRow& command = table[at];
-    page.append(".SS cardwright ").append(command.name).append(" [OPTION]... [FILE]...\n");
+    page.append(".SS cardwright ").append(command.name).append(" [OPTION]...");
+    page.append(command.takesFiles ? " [FILE]...\n" : "\n");
     page.append(troff(command.description)).append(".\n");
     for (const std::string& paragraph : command.paragraphs) {
       page.append(".PP\n").append(troff(paragraph)).append("\n");

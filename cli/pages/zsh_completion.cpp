@@ -21,9 +21,13 @@ std::string valueOf(const OptionRow& option) {
   for (const std::string_view word : wordsFor(option)) {
     words.append(words.empty() ? "" : " ").append(word);
   }
-  std::string action = words.empty() ? (option.value == "DIR" ? "_files -/" : "_files") : words;
+  std::string action;
   if (!words.empty()) {
-    action = std::string("(").append(words).append(")");
+    action.append("(").append(words).append(")");
+  } else if (option.value == "NUMBER") {
+    action.append(" ");
+  } else {
+    action.append(option.value == "DIR" ? "_files -/" : "_files");
   }
   return std::string(option.isValueOptional ? "::" : ":")
       .append(option.value)
@@ -74,7 +78,8 @@ std::string zshCompletion(const std::vector<CommandRow>& table) {
   for (std::size_t at = 1; at < table.size(); ++at) {
     text.append("    ").append(table[at].name).append(")\n      _arguments \\\n");
     appendOptions(text, table[at], "        ");
-    text.append("        '*:file:_files'\n      ;;\n");
+    text.append(table[at].takesFiles ? "        '*:file:_files'\n" : "        '*: :'\n");
+    text.append("      ;;\n");
   }
   text.append("    esac\n"
               "    ;;\n"

@@ -243,37 +243,53 @@ void beginChange(JsonText& json, std::size_t card, const Change& change) {
   json.text("text", shortText(textFromUtf8(change.text)));
 }
 
+bool isLoss(const ConversionChange& change) {
+  return change.kind == ConversionKind::dropped || change.kind == ConversionKind::broken;
+}
+
+bool isLoss(const WriteChange& change) {
+  return change.kind != WriteChangeKind::encodingLeftOut &&
+         change.kind != WriteChangeKind::valueStated &&
+         change.kind != WriteChangeKind::repeatLeftOut;
+}
+
 void writeConversion(JsonText& json, std::size_t card, const ConversionChange& change) {
-  const bool isLoss =
-      change.kind == ConversionKind::dropped || change.kind == ConversionKind::broken;
-  beginChange(json, card,
-              {codeOf(change.kind), wordsFor(change.kind), isLoss, change.property, change.text});
+  beginChange(
+      json, card,
+      {codeOf(change.kind), wordsFor(change.kind), isLoss(change), change.property, change.text});
   json.text("part", shortText(textFromUtf8(change.part)));
   json.text("target", shortText(textFromUtf8(change.target)));
   json.writer().EndObject();
 }
 
 void writeWriting(JsonText& json, std::size_t card, const WriteChange& change) {
-  std::string what = "To be read again as it is: ";
+  std::string what(isLoss(change) ? "Cannot be written as it is: "
+                                  : "Written so that it reads the same: ");
   what.append(writeChangeText(change.kind));
-  beginChange(json, card, {codeOf(change.kind), what, true, change.property, change.text});
+  beginChange(json, card,
+              {codeOf(change.kind), what, isLoss(change), change.property, change.text});
   json.writer().EndObject();
 }
 
-void writeChanges(JsonText& json, VCardList cards, VersionCode version) {
+/// @returns how much cannot come along as it is
+std::size_t writeChanges(JsonText& json, VCardList cards, VersionCode version) {
+  std::size_t losses = 0;
   Listing listing(json, "changes", kMostItems);
   forEachConverted(std::move(cards), version, [&](const ConvertedCard& card) {
     for (const ConversionChange& change : card.conversion.changes) {
+      losses += isLoss(change) ? 1 : 0;
       if (listing.takes()) {
         writeConversion(json, card.number, change);
       }
     }
     for (const WriteChange& change : card.writing.changes) {
+      losses += isLoss(change) ? 1 : 0;
       if (listing.takes()) {
         writeWriting(json, card.number, change);
       }
     }
   });
+  return losses;
 }
 
 } // namespace
@@ -291,7 +307,11 @@ std::string lookAnswer(std::string_view bytes) {
 std::string changesAnswer(std::string_view bytes, VersionCode version) {
   JsonText json;
   json.writer().StartObject();
-  writeChanges(json, readCards(bytes), version);
+  ReadReport reading;
+  VCardList cards = readCards(bytes, &reading);
+  const std::size_t losses = writeChanges(json, std::move(cards), version);
+  json.number("losses", losses);
+  json.number("unusedLines", reading.droppedLines.size());
   json.writer().EndObject();
   return json.line();
 }

@@ -122,6 +122,9 @@ TEST(Pages, completeCommandsAndValues) {
             (std::set<std::string>{"2.1", "3.0", "4.0"}));
   EXPECT_EQ(offeredByBash("cardwright show --color = a"),
             (std::set<std::string>{"always", "auto"}));
+  EXPECT_FALSE(offeredByBash("cardwright show ''").empty());
+  EXPECT_TRUE(offeredByBash("cardwright serve ''").empty());
+  EXPECT_TRUE(offeredByBash("cardwright serve --port ''").empty());
 }
 
 TEST(Pages, areReadWithoutComplaints) {
@@ -142,16 +145,19 @@ TEST(Help, teachesByExampleAndIsAlikeInAllCommands) {
     EXPECT_NE(general.find("\n  cardwright " + command + " "), std::string::npos) << command;
     const std::string help = runTool({{command, "--help"}, ""}).output;
     EXPECT_NE(help.find("Examples:\n  cardwright " + command + " "), std::string::npos) << command;
-    EXPECT_NE(help.find("Files to read; '-' or none is standard input"), std::string::npos)
+    const bool readsFiles = command != "serve";
+    EXPECT_EQ(help.find("Files to read; '-' or none is standard input") != std::string::npos,
+              readsFiles)
         << command;
     std::istringstream lines(help);
     for (std::string line; std::getline(lines, line);) {
       EXPECT_LE(line.size(), 80U) << line;
     }
     const std::set<std::string> options = optionsOf(command);
-    for (const char* const option : {"--help", "--encoding", "--quiet", "-q"}) {
+    for (const char* const option : {"--help", "--quiet", "-q"}) {
       EXPECT_TRUE(options.contains(option)) << command << " " << option;
     }
+    EXPECT_EQ(options.contains("--encoding"), readsFiles) << command;
     const Outcome wrong = runTool({{command, "--nonsense"}, ""});
     EXPECT_EQ(wrong.status, 2);
     EXPECT_EQ(wrong.errors, "cardwright: there is no option '--nonsense'; see 'cardwright " +

@@ -162,17 +162,22 @@ TEST(ChangesAnswer, isWhatTheReportOfTheCommandTells) {
   }
 }
 
-TEST(ChangesAnswer, namesLosses) {
-  const std::string card = "BEGIN:VCARD\nVERSION:3.0\nN:a\nFN:a\nPHOTO;ENCODING=b:AAA\n"
-                           "NICKNAME:b\nEND:VCARD\n";
-  std::set<std::string> losses;
-  std::set<std::string> others;
-  const rapidjson::Document answer = jsonFrom(changesAnswer(card, 2));
+TEST(ChangesAnswer, tellsLossesFromOtherChanges) {
+  const rapidjson::Document answer =
+      jsonFrom(changesAnswer("BEGIN:VCARD\nVERSION:3.0\nN:a\nFN:a\nPHOTO;ENCODING=b:AAA\n"
+                             "NICKNAME:b\nno colon\nEND:VCARD\n",
+                             4));
+  std::size_t losses = 0;
+  std::set<std::string> lost;
   for (const auto& change : itemsOf(answer, "changes").GetArray()) {
-    (change["isLoss"].GetBool() ? losses : others).insert(text(change, "code"));
+    if (change["isLoss"].GetBool()) {
+      ++losses;
+      lost.insert(text(change, "code"));
+    }
   }
-  EXPECT_TRUE(others.contains("parked"));
-  EXPECT_FALSE(losses.contains("parked"));
+  EXPECT_EQ(lost, std::set<std::string>{"broken"});
+  EXPECT_EQ(answer["losses"].GetUint64(), losses);
+  EXPECT_EQ(answer["unusedLines"].GetUint64(), 1U);
 }
 
 } // namespace

@@ -100,7 +100,7 @@ TEST_F(Page, showsRepairsFindingsAndCardsAndSavesThem) {
     EXPECT_NE(text(browser, "#cards").find("12 Garden Road"), std::string::npos);
 
     // What wants to be a part of the page is text.
-    EXPECT_EQ(count(browser, "#result img, #result script, #result a"), "0");
+    EXPECT_EQ(count(browser, "#result img, #result script, #cards a"), "0");
     EXPECT_NE(text(browser, "#cards").find("<img src=x onerror=alert(1)>"), std::string::npos);
     EXPECT_EQ(browser.valueOf("document.title"), "Cardwright");
 
@@ -128,15 +128,47 @@ TEST_F(Page, showsRepairsFindingsAndCardsAndSavesThem) {
 
     browser.click("button[type=submit]");
     EXPECT_EQ(download("family-repaired.vcf"), runTool({{"clean", path}, ""}).output);
+    EXPECT_TRUE(text(browser, "#saved").starts_with("family-repaired.vcf is saved"));
     browser.click("input[value='2.1']");
     browser.waitUntil("document.querySelectorAll('#changes details').length > 0");
     EXPECT_NE(text(browser, "#changes").find("X-"), std::string::npos);
+    EXPECT_EQ(text(browser, "#changes p"), "1 line that could not be used is left out.");
     browser.click("#changes summary");
     browser.saveScreenshot(screenshot("changes"));
     browser.click("input[value='4.0']");
     browser.click("button[type=submit]");
     EXPECT_EQ(download("family-4.0.vcf"), runTool({{"convert", "--to", "4.0", path}, ""}).output);
   });
+}
+
+TEST_F(Page, tellsWhatAVersionCannotCarry) {
+  const std::string path = write("one.vcf", "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:a\r\nN:a;;;;\r\n"
+                                            "TEL;X-A=\"b&#9;c\":1\r\nBDAY;VALUE=date:someday\r\n"
+                                            "PHOTO;ENCODING=b:AAA\r\nEND:VCARD\r\n");
+  onPage([&](Browser& browser) {
+    browser.chooseFile("#file", path);
+    browser.waitUntil("!document.querySelector('#result').hidden");
+    browser.click("input[value='4.0']");
+    browser.waitUntil("document.querySelectorAll('#changes .loss').length > 0");
+    EXPECT_TRUE(text(browser, "#changes p").ends_with("they are.") ||
+                text(browser, "#changes p").ends_with("it is."));
+    EXPECT_NE(text(browser, "#changes summary").find("Damaged, and so left as it is"),
+              std::string::npos);
+  });
+}
+
+TEST_F(Page, saysWhenNobodyAnswers) {
+  const std::string path = write("one.vcf", "BEGIN:VCARD\r\nEND:VCARD\r\n");
+  const TemporaryFolder folder;
+  std::unique_ptr<Browser> browser;
+  static_cast<void>(whileServing([&](const Served& served) {
+    browser = std::make_unique<Browser>(folder.path());
+    browser->open(served.address);
+  }));
+  ASSERT_TRUE(browser);
+  browser->chooseFile("#file", path);
+  browser->waitUntil("!document.querySelector('#problem').hidden");
+  EXPECT_TRUE(text(*browser, "#problem").starts_with("Nobody answers."));
 }
 
 TEST_F(Page, takesFilesThatAreDroppedOnIt) {
@@ -153,6 +185,9 @@ TEST_F(Page, takesFilesThatAreDroppedOnIt) {
     EXPECT_EQ(text(browser, ".card h3"), "Ada");
     EXPECT_EQ(text(browser, "#repairs"), "Nothing had to be repaired.");
     EXPECT_EQ(text(browser, "#findings"), "Nothing is wrong with it.");
+    browser.click("input[value='3.0']");
+    browser.waitUntil("document.querySelector('#changes p')");
+    EXPECT_EQ(text(browser, "#changes p"), "Nothing is lost by this.");
   });
 }
 

@@ -260,7 +260,6 @@ TEST(Serve, storesNothing) {
 
 TEST(Serve, takesNoFileThatIsTooLarge) {
   static_cast<void>(whileServing([](const Served& served) {
-    const std::string most = std::to_string(64 * 1024 * 1024);
     const std::pair<std::string, const char*> lengths[] = {
         {"Content-Length: 67108865\r\n", "HTTP/1.1 413 "},
         {"Content-Length: 99999999999999999999999\r\n", "HTTP/1.1 413 "},
@@ -278,7 +277,7 @@ TEST(Serve, takesNoFileThatIsTooLarge) {
     const Line line(served.port);
     line.say(uploadHead(served, "Content-Length: 67108865\r\n"));
     EXPECT_NE(line.heard().find("This file is larger than 64 MB."), std::string::npos);
-    EXPECT_EQ(posted(served, "look", std::string(64 * 1024 * 1024, '\n')).status, 200) << most;
+    EXPECT_EQ(posted(served, "look", std::string(std::size_t{64} * 1024 * 1024, '\n')).status, 200);
   }));
 }
 
@@ -305,7 +304,7 @@ TEST(Serve, answersSeveralAtOnce) {
 
 TEST(Serve, outlivesThoseWhoLeaveMidway) {
   static_cast<void>(whileServing([](const Served& served) {
-    for (int count = 0; count < 20; ++count) {
+    for (int count = 0; count < 5; ++count) {
       const Line upload(served.port);
       EXPECT_TRUE(upload.isOpen());
       upload.say(uploadHead(served, "Content-Length: 1000000\r\n") + kCard);
@@ -325,9 +324,9 @@ TEST(Serve, isNotHeldUpByTheSilent) {
       silent.push_back(std::make_unique<Line>(served.port));
     }
     EXPECT_EQ(posted(served, "look", kCard).status, 200);
-    EXPECT_EQ(silent.front()->heard(), "");
     const Line slow(served.port);
     slow.say(uploadHead(served, "Content-Length: 1000\r\n") + kCard);
+    EXPECT_EQ(silent.front()->heard(), "");
     EXPECT_TRUE(slow.heard().starts_with("HTTP/1.1 400 "));
   }));
 }

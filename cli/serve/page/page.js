@@ -205,10 +205,10 @@ function changeEntry(change) {
   const target = change.target ? ` → ${change.target}` : "";
   const saysNothing = change.text === "" || change.text === change.property;
   const text = saysNothing ? null : make("q", { className: "quiet" }, change.text);
-  return make("li", {}, `card ${change.card}: ${change.property}${part}${target} `, text);
+  return make("li", {}, `card ${change.card}: ${change.property}${part} `, text, target);
 }
 
-function showChanges(changes) {
+function showChanges({ changes, losses, unusedLines }) {
   const place = byId("changes");
   const groups = new Map();
   for (const change of changes.items) {
@@ -216,10 +216,18 @@ function showChanges(changes) {
     group.changes.push(change);
     groups.set(change.what, group);
   }
-  const losses = changes.items.filter((change) => change.isLoss).length;
-  place.replaceChildren(make("p", {}, losses === 0
-    ? "Nothing is lost by this."
-    : `${counted(losses, "thing")} cannot come along as it is:`));
+  place.replaceChildren();
+  if (losses > 0) {
+    place.append(make("p", {},
+      `${counted(losses, "thing")} cannot come along as ${losses === 1 ? "it is" : "they are"}.`));
+  }
+  if (unusedLines > 0) {
+    place.append(make("p", {},
+      `${counted(unusedLines, "line")} that could not be used ${unusedLines === 1 ? "is" : "are"} left out.`));
+  }
+  if (losses + unusedLines === 0) {
+    place.append(make("p", {}, "Nothing is lost by this."));
+  }
   const sorted = [...groups].sort(([, a], [, b]) => Number(b.isLoss) - Number(a.isLoss));
   for (const [what, group] of sorted) {
     const list = make("ul");
@@ -268,13 +276,17 @@ async function look(chosen) {
 function showLook(answer) {
   byId("save").reset();
   byId("changes").replaceChildren();
+  byId("saved").textContent = "";
   byId("filter").value = "";
   byId("name").textContent = file.name;
   const repaired = answer.repairs.count + (answer.droppedBytes > 0 ? 1 : 0);
+  const facts = [
+    ["#cards-title", counted(answer.cards.count, "card")],
+    ["#repairs-title", counted(repaired, "repair")],
+    ["#findings-title", counted(answer.findings.count, "mistake")],
+  ];
   byId("facts").replaceChildren(
-    make("li", {}, counted(answer.cards.count, "card")),
-    make("li", {}, counted(repaired, "repair")),
-    make("li", {}, counted(answer.findings.count, "mistake")));
+    ...facts.map(([href, text]) => make("li", {}, make("a", { href }, text))));
   showRepairs(answer);
   showFindings(answer.findings);
   showCards(answer.cards);
@@ -289,6 +301,7 @@ async function askForChanges() {
   const mine = ++turn;
   const version = wantedVersion();
   byId("changes").replaceChildren();
+  byId("saved").textContent = "";
   complain(null);
   if (version === "") {
     return;
@@ -296,7 +309,7 @@ async function askForChanges() {
   try {
     const answer = await (await ask(`changes?to=${version}`, file)).json();
     if (mine === turn) {
-      showChanges(answer.changes);
+      showChanges(answer);
     }
   } catch (problem) {
     if (mine === turn) {
@@ -324,7 +337,8 @@ async function save() {
     });
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
-    tell(`${link.download} is saved where your browser keeps downloads.`);
+    byId("saved").textContent =
+      `${link.download} is saved where your browser keeps what it downloads.`;
   } catch (problem) {
     complain(problem);
   } finally {
