@@ -5,6 +5,7 @@
 #include "serve/page_files.h"
 #include "version_name.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -34,6 +35,8 @@ constexpr std::size_t kWaiting = 64;         ///< before the system lets others 
 constexpr std::ptrdiff_t kFilesAtOnce = 2;   ///< for one may need much memory
 constexpr std::chrono::seconds kPatience{5}; ///< with a client that says nothing
 constexpr std::chrono::seconds kUploadTime{60};
+
+constexpr std::string_view kElsewhere = "Please use cardwright on the command line for it.";
 
 /// What every answer says: no other site may show, read or keep anything of it, and the page can
 /// reach nothing but us.
@@ -109,9 +112,17 @@ bool isAllowed(Verdict verdict, httplib::Response& response) {
   return false;
 }
 
+/// Lines cost memory each, however short they are; usual files of the largest size have fewer.
+constexpr std::ptrdiff_t kMostLines = 3'000'000;
+
+bool hasTooManyLines(std::string_view bytes) {
+  return std::count(bytes.begin(), bytes.end(), '\n') > kMostLines ||
+         std::count(bytes.begin(), bytes.end(), '\r') > kMostLines;
+}
+
 std::string tooLarge() {
-  return "This file is larger than " + std::to_string(kMostBytes / 1024 / 1024) +
-         " MB. Please use cardwright on the command line for it.";
+  return "This file is larger than " + std::to_string(kMostBytes / 1024 / 1024) + " MB. " +
+         std::string(kElsewhere);
 }
 
 /// What is said about the body in front of it.
@@ -232,6 +243,10 @@ class PageServer {
         &m_files, [](auto* files) { files->release(); });
     const std::optional<std::string> bytes = receive(read, response);
     if (!bytes) {
+      return;
+    }
+    if (hasTooManyLines(*bytes)) {
+      refuse(response, 413, "This file has more than 3 million lines. " + std::string(kElsewhere));
       return;
     }
     if (name == "result") {

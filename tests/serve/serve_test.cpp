@@ -277,7 +277,9 @@ TEST(Serve, takesNoFileThatIsTooLarge) {
     const Line line(served.port);
     line.say(uploadHead(served, "Content-Length: 67108865\r\n"));
     EXPECT_NE(line.heard().find("This file is larger than 64 MB."), std::string::npos);
-    EXPECT_EQ(posted(served, "look", std::string(std::size_t{64} * 1024 * 1024, '\n')).status, 200);
+    EXPECT_EQ(posted(served, "look", std::string(std::size_t{64} * 1024 * 1024, 'a')).status, 200);
+    EXPECT_EQ(posted(served, "look", std::string(3'000'001, '\n')).status, 413);
+    EXPECT_EQ(posted(served, "result?to=4.0", std::string(3'000'001, '\r')).status, 413);
   }));
 }
 
