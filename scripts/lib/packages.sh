@@ -1,11 +1,10 @@
 # Debian packages, each with the command it is wanted for; a library has none.
 
-toolPackages=(g++:g++ cmake:cmake ninja-build:ninja
-  pkg-config:pkg-config
+toolPackages=(g++:g++ cmake:cmake ninja-build:ninja pkg-config:pkg-config
   libicu-dev libcli11-dev libcpp-httplib-dev rapidjson-dev libgtest-dev libbenchmark-dev)
 checkPackages=(clang:clang++ libclang-rt-dev llvm:llvm-symbolizer
-  clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps pkg-config:pkg-config
-  parallel:parallel)
+  clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps
+  parallel:parallel chromium:chromium chromium-driver:chromedriver)
 docsPackages=(doxygen:doxygen)
 peerPackages=(pkg-config:pkg-config libebook-contacts1.2-dev libkf5contacts-dev libvc-dev
   python3-vobject libez-vcard-java libvinnie-java default-jdk-headless:javac)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <set>
@@ -123,8 +124,10 @@ TEST(Pages, completeCommandsAndValues) {
   EXPECT_EQ(offeredByBash("cardwright show --color = a"),
             (std::set<std::string>{"always", "auto"}));
   EXPECT_FALSE(offeredByBash("cardwright show ''").empty());
-  EXPECT_TRUE(offeredByBash("cardwright serve ''").empty());
-  EXPECT_TRUE(offeredByBash("cardwright serve --port ''").empty());
+  if (std::find(all.begin(), all.end(), "serve") != all.end()) { // not in every build
+    EXPECT_TRUE(offeredByBash("cardwright serve ''").empty());
+    EXPECT_TRUE(offeredByBash("cardwright serve --port ''").empty());
+  }
 }
 
 TEST(Pages, areReadWithoutComplaints) {
