@@ -16,7 +16,7 @@ int main(int count, char** arguments) {
                                                {"fish", fishCompletion}};
   const auto maker = count == 3 ? makers.find(arguments[1]) : makers.end();
   if (maker == makers.end()) {
-    std::fputs("usage: cardwright_make_page man|bash|zsh|fish FILE\n", stderr);
+    static_cast<void>(std::fputs("usage: cardwright_make_page man|bash|zsh|fish FILE\n", stderr));
     return 2;
   }
   std::ofstream file(arguments[2], std::ios::binary);
