@@ -17,8 +17,10 @@ constexpr std::size_t aligned(std::size_t size) noexcept {
 } // namespace
 
 SlabPool::~SlabPool() {
-  while (m_slabs != nullptr) {
-    removeSlab(m_slabs);
+  for (Slab* slab = m_slabs; slab != nullptr;) {
+    Slab* const before = slab->before;
+    ::operator delete(slab);
+    slab = before;
   }
 }
 
