@@ -129,8 +129,8 @@ constexpr Task kTasks[] = {
             state.SetComplexityN(state.range(0));
           })
           ->Arg(1 << 20)
-          ->Arg(10 << 20)
-          ->Arg(40 << 20)
+          ->Arg(16 << 20)
+          ->Arg(256 << 20)
           ->Unit(benchmark::kMillisecond)
           ->Complexity(benchmark::oN);
     }
