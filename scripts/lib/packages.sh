@@ -3,7 +3,7 @@
 toolPackages=(g++:g++ cmake:cmake ninja-build:ninja pkg-config:pkg-config
   libicu-dev libcli11-dev libcpp-httplib-dev rapidjson-dev libgtest-dev libbenchmark-dev)
 checkPackages=(clang:clang++ libclang-rt-dev llvm:llvm-symbolizer
-  clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps
+  clang-format:clang-format clang-tidy:clang-tidy dpkg-dev:dpkg-shlibdeps file:file
   parallel:parallel chromium:chromium chromium-driver:chromedriver)
 docsPackages=(doxygen:doxygen)
 peerPackages=(pkg-config:pkg-config libebook-contacts1.2-dev libkf5contacts-dev libvc-dev

@@ -1,5 +1,6 @@
 #include "base/arena.h"
 #include "base/slab_pool.h"
+#include "support/time_growth.h"
 
 #include <gtest/gtest.h>
 
@@ -136,7 +137,9 @@ TEST(SlabPool, usesWhatWasGivenBackAgain) {
       held.pop_front();
     }
   }
-  EXPECT_LT(places.size(), 5'000U);
+  if (kTimesAreMeaningful) { // Sanitizers keep what was freed for a while.
+    EXPECT_LT(places.size(), 5'000U);
+  }
   while (!held.empty()) {
     pool.giveBack(held.back());
     held.pop_back();

@@ -1,7 +1,7 @@
 # Makes the packages, installs them into a root of their own, uses them and removes them again.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 
-foreach(program dpkg dpkg-deb dpkg-shlibdeps)
+foreach(program dpkg dpkg-deb dpkg-shlibdeps file)
   find_program(found_${program} ${program})
   if(NOT found_${program})
     skip("there is no ${program}")
