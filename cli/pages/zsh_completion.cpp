@@ -35,7 +35,7 @@ std::string valueOf(const OptionRow& option) {
       .append(action);
 }
 
-/// One specification for each name; each excludes the others.
+/// One entry for each name; each excludes the others.
 void appendOptions(std::string& text, const CommandRow& command, std::string_view indent) {
   for (const OptionRow& option : command.options) {
     std::string names;
