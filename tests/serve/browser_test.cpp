@@ -29,12 +29,12 @@ std::string screenshot(const std::string& name) {
   return CARDWRIGHT_SCREENSHOTS "/" + name + ".png";
 }
 
-std::string count(Browser& browser, const std::string& selector) {
-  return browser.valueOf("document.querySelectorAll('" + selector + "').length");
+std::string count(Browser& browser, const std::string& css) {
+  return browser.valueOf("document.querySelectorAll('" + css + "').length");
 }
 
-std::string text(Browser& browser, const std::string& selector) {
-  return browser.valueOf("document.querySelector('" + selector + "').innerText");
+std::string text(Browser& browser, const std::string& css) {
+  return browser.valueOf("document.querySelector('" + css + "').innerText");
 }
 
 /// The file, once all of it is there.

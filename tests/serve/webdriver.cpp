@@ -104,9 +104,10 @@ class Browser::Driver {
                 R"({"cmd":)" + quoted(name) + R"(,"params":)" + parameters + "}");
   }
 
-  std::string element(const std::string& selector) {
+  std::string element(const std::string& css) {
     const Json answer =
-        post("/element", R"({"using":"css selector","value":)" + quoted(selector) + "}");
+        post("/execute/sync", R"({"args":[)" + quoted(css) + R"(],"script":)" +
+                                  quoted("return document.querySelector(arguments[0])") + "}");
     return "/element/" + textOf(answer["value"].MemberBegin()->value);
   }
 
@@ -188,16 +189,16 @@ void Browser::preferColors(const std::string& scheme) {
                         "}]}");
 }
 
-void Browser::chooseFile(const std::string& selector, const std::string& path) {
-  type(selector, path);
+void Browser::chooseFile(const std::string& css, const std::string& path) {
+  type(css, path);
 }
 
-void Browser::click(const std::string& selector) {
-  m_driver->post(m_driver->element(selector) + "/click", "{}");
+void Browser::click(const std::string& css) {
+  m_driver->post(m_driver->element(css) + "/click", "{}");
 }
 
-void Browser::type(const std::string& selector, const std::string& text) {
-  m_driver->post(m_driver->element(selector) + "/value", R"({"text":)" + quoted(text) + "}");
+void Browser::type(const std::string& css, const std::string& text) {
+  m_driver->post(m_driver->element(css) + "/value", R"({"text":)" + quoted(text) + "}");
 }
 
 std::string Browser::valueOf(const std::string& expression) {

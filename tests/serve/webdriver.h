@@ -21,10 +21,12 @@ class Browser {
   void open(const std::string& address);
   void resize(int width, int height);
   void preferColors(const std::string& scheme);
+  // Elements are named as in CSS.
+
   /// Chooses a file in an input.
-  void chooseFile(const std::string& selector, const std::string& path);
-  void click(const std::string& selector);
-  void type(const std::string& selector, const std::string& text);
+  void chooseFile(const std::string& css, const std::string& path);
+  void click(const std::string& css);
+  void type(const std::string& css, const std::string& text);
 
   /// What an expression of JavaScript is, as a string.
   [[nodiscard]] std::string valueOf(const std::string& expression);
