@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -14,15 +13,6 @@ namespace {
 constexpr std::string_view kCard =
     "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ada\r\nNOTE;X-A=:no parameter\r\nEND:VCARD\r\n";
 constexpr std::string_view kOld = "what was there before";
-
-std::vector<std::string> namesIn(const std::string& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    names.push_back(entry.path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 const std::vector<std::vector<std::string>>& writingCommands() {
   static const std::vector<std::vector<std::string>> kCommands = {

@@ -223,6 +223,15 @@ std::string TemporaryFolder::write(std::string_view name, std::string_view bytes
   return path;
 }
 
+std::vector<std::string> namesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 std::string sourcePath(std::string_view path) {
   return std::string(CARDWRIGHT_SOURCE_DIR "/").append(path);
 }

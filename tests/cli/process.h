@@ -54,6 +54,9 @@ class TemporaryFolder {
   std::string m_path;
 };
 
+/// The names of what is in a folder, in order.
+[[nodiscard]] std::vector<std::string> namesIn(const std::string& folder);
+
 /// A file of the source tree.
 [[nodiscard]] std::string sourcePath(std::string_view path);
 [[nodiscard]] std::string fileContent(const std::string& path);

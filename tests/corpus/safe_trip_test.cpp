@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iostream>
 #include <string>
 
 namespace cardwright {
@@ -20,19 +19,12 @@ constexpr VersionCode kOwnAndAll[] = {0, 2, 3, 4};
 using CorpusSafeTrip = CorpusTest;
 
 TEST_F(CorpusSafeTrip, keepsCards) {
-  std::size_t cards = 0;
-  for (const auto& file : files()) {
-    SCOPED_TRACE(file.string());
-    for (const auto& card : readCards(bytesOf(file))) {
-      removeUnpromised(*card);
-      ++cards;
-      for (const VersionCode version : kOwnAndAll) {
-        EXPECT_EQ(safeTripSurprises(*card, version), "") << "version " << version;
-      }
+  forEachCard([](VCard& card) {
+    removeUnpromised(card);
+    for (const VersionCode version : kOwnAndAll) {
+      EXPECT_EQ(safeTripSurprises(card, version), "") << "version " << version;
     }
-  }
-  std::cout << cards << " cards\n";
-  EXPECT_GT(cards, 0U);
+  });
 }
 
 TEST(SafeTrip, keepsAllOfAnAddressBook) {

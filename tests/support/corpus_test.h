@@ -1,10 +1,13 @@
 #pragma once
 
+#include "cardwright/face.h"
 #include "support/corpus.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
+#include <iostream>
 #include <vector>
 
 namespace cardwright {
@@ -21,6 +24,21 @@ class CorpusTest : public testing::Test {
   }
 
   [[nodiscard]] const std::vector<std::filesystem::path>& files() const noexcept { return m_files; }
+
+  /// Looks at each card that there is.
+  template <typename Look>
+  void forEachCard(Look look) const {
+    std::size_t cards = 0;
+    for (const auto& file : m_files) {
+      SCOPED_TRACE(file.string());
+      for (const auto& card : readCards(bytesOf(file))) {
+        ++cards;
+        look(*card);
+      }
+    }
+    std::cout << cards << " cards\n";
+    EXPECT_GT(cards, 0U);
+  }
 
  private:
   std::vector<std::filesystem::path> m_files;
