@@ -101,13 +101,16 @@ std::shared_ptr<VCardValue> valueOf(char16_t kind, TextView text) {
   }
 }
 
-/// No VALUE makes some properties read a plain text.
+constexpr TextView kKinds = u"uxnaogcwzp";
+
+/// No VALUE makes some properties read a plain text, which is what any other sign asks for.
 char16_t kindFor(const VCardProperty& property, char16_t wanted) {
   constexpr std::pair<TextView, char16_t> kOwn[] = {
       {cVCardValue_N, u'n'},      {cVCardValue_Address, u'a'}, {cVCardValue_Org, u'o'},
       {cVCardValue_Gender, u'g'}, {cVCardValue_Custom, u'c'},  {cVCardValue_Geo3_0, u'p'}};
+  const bool isPlain = kKinds.find(wanted) == TextView::npos;
   for (const auto& [type, kind] : kOwn) {
-    if (wanted == u't' && property.defaultTypeForVersion(3) == type) {
+    if (isPlain && property.defaultTypeForVersion(3) == type) {
       return kind;
     }
   }
