@@ -129,6 +129,15 @@ std::string groupBefore(const std::string& property, const std::string& name, co
   return {};
 }
 
+/// Whether a change gave the property another name. What else a property may have become has signs
+/// that no name of ours has, but for the year that was left out.
+bool isRenaming(const ConversionChange& change) {
+  const bool isName = change.target.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-") ==
+                          std::string::npos &&
+                      change.target.find_first_of("0123456789") != 0;
+  return isName && change.kind != ConversionKind::broken && change.target != "X-APPLE-OMIT-YEAR";
+}
+
 /// The names that the card has after the changes that a report tells.
 Names namesAfter(Names names, const ConversionReport& report) {
   for (const ConversionChange& change : report.changes) {
@@ -143,7 +152,7 @@ Names namesAfter(Names names, const ConversionReport& report) {
       ++names[change.property];
     } else if (change.kind == ConversionKind::dropped) {
       --names[change.property];
-    } else if (names.contains(group + name)) {
+    } else if ((isMerged || isRenaming(change)) && names.contains(group + name)) {
       --names[group + name];
       names[group + change.target] += isMerged ? 0 : 1;
     }
