@@ -10,6 +10,7 @@
 #include "face/conversion/companions.h"
 #include "face/conversion/table.h"
 #include "face/writing/kept_source.h"
+#include "support/without_piece.h"
 
 #include <algorithm>
 #include <array>
@@ -57,19 +58,14 @@ Text writtenValue(TextView name, const std::shared_ptr<VCardValue>& value, Versi
   }
   auto card = std::make_shared<VCard>();
   card->addProperty(VCardProperty::propertyWithName(name, value));
-  Text text = textFromUtf8(writeCards({card}, nullptr, {version}));
-  for (std::size_t fold = 0; (fold = text.find(u"\r\n ", fold)) != Text::npos;) {
-    text.erase(fold, 3);
-  }
+  const Text text = withoutPiece(textFromUtf8(writeCards({card}, nullptr, {version})), u"\r\n ");
   const std::size_t colon = text.find(u':', text.find(u'\n'));
   return text.substr(colon + 1, text.find(u'\r', colon) - colon - 1);
 }
 
 /// Base64 without what is no digit of it.
 void keepDigits(Text& value) {
-  for (std::size_t lineBreak = 0; (lineBreak = value.find(u"\\n", lineBreak)) != Text::npos;) {
-    value.erase(lineBreak, 2);
-  }
+  value = withoutPiece(value, u"\\n");
   std::erase_if(value, [](char16_t unit) { return unit == u' ' || unit == u'\t'; });
 }
 

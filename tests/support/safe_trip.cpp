@@ -7,6 +7,7 @@
 #include "cardwright/text_scanner.h"
 #include "cardwright/utf8.h"
 #include "support/card_model.h"
+#include "support/without_piece.h"
 #include "values/source_text.h"
 
 #include <algorithm>
@@ -261,11 +262,7 @@ std::shared_ptr<VCard> onlyCard(const std::string& bytes, std::string& surprises
 Text lineOf(const std::shared_ptr<VCardProperty>& property) {
   const auto card = std::make_shared<VCard>();
   card->addProperty(property);
-  Text line = textFromUtf8(writeCards({card}));
-  for (std::size_t fold = 0; (fold = line.find(u"\r\n ", fold)) != Text::npos;) {
-    line.erase(fold, 3);
-  }
-  return line;
+  return withoutPiece(textFromUtf8(writeCards({card})), u"\r\n ");
 }
 
 /// As the reader does for a card that states no version.

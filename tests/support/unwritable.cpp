@@ -3,6 +3,7 @@
 #include "cardwright/date_formatter.h"
 #include "cardwright/text_scanner.h"
 #include "support/round_trip.h"
+#include "support/without_piece.h"
 
 #include <algorithm>
 
@@ -42,16 +43,11 @@ std::optional<Unwritable> whyUnwritable(const VCardParameter& parameter, Version
 }
 
 std::optional<Unwritable> whyUnreadable(const Text& physicalLines) {
-  Text line;
   TextView rest = physicalLines;
   while (rest.ends_with(u"\r\n")) {
     rest.remove_suffix(2);
   }
-  for (std::size_t fold = 0; (fold = rest.find(u"\r\n ")) != TextView::npos;) {
-    line.append(rest.substr(0, fold));
-    rest.remove_prefix(fold + 3);
-  }
-  line.append(rest);
+  const Text line = withoutPiece(rest, u"\r\n ");
 
   // What follows counts too: a colon on the next line can make a fold look like a property.
   const Text lines = physicalLines + u"N:\r\n";
