@@ -1,7 +1,7 @@
 # Configuring and building; what the compilers say is shown only when something fails.
 
 # Where ccache is about, what another clone compiled counts too.
-export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 
 configure() {
   local preset=$1 stamp=$root/build/$1/configured
