@@ -2,6 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <string>
+#include <vector>
+
 namespace cardwright::tool {
 
 namespace {
@@ -31,6 +34,29 @@ constexpr const char* kExamples =
     "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage, 3\n"
     "'check' or 'clean --check' found something.";
 
+/// Where to read on: the page of help of the command that was meant.
+std::string helpHint(const CLI::App& app) {
+  std::string command = "cardwright";
+  for (const CLI::App* const subcommand : app.get_subcommands()) {
+    command += " " + subcommand->get_name();
+  }
+  return "; see '" + command + " --help'";
+}
+
+/// What is wrong with the command line, in our words where they are clearer.
+std::string usageProblem(const CLI::App& app, const CLI::Error& error) {
+  const bool hasCommand = !app.get_subcommands().empty();
+  const std::vector<std::string> unexpected = app.remaining(true);
+  if (unexpected.empty()) {
+    return hasCommand ? error.what() : "no command given";
+  }
+  const std::string& word = unexpected.front();
+  if (word.starts_with('-')) {
+    return "there is no option '" + word + "'";
+  }
+  return hasCommand ? error.what() : "there is no command '" + word + "'";
+}
+
 } // namespace
 
 std::unique_ptr<CLI::App> makeCommandLine(const Session& session) {
@@ -56,6 +82,20 @@ std::unique_ptr<CLI::App> makeCommandLine(const Session& session) {
   addServeCommand(app, session);
 #endif
   return made;
+}
+
+void runCommandLine(int argc, char** argv, const Session& session) {
+  const auto app = makeCommandLine(session);
+  try {
+    app->parse(argc, argv);
+  } catch (const CLI::CallForVersion&) {
+    session.output.write(app->version());
+    session.output.put('\n');
+  } catch (const CLI::Success&) {
+    session.output.write(app->help());
+  } catch (const CLI::Error& error) {
+    session.diagnostics.wrongUsage(usageProblem(*app, error) + helpHint(*app));
+  }
 }
 
 } // namespace cardwright::tool
