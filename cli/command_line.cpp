@@ -1,7 +1,10 @@
 #include "command_line.h"
 
+#include "command_options.h"
+
 #include <CLI/CLI.hpp>
 
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -44,7 +47,7 @@ std::string helpHint(const CLI::App& app) {
 }
 
 /// What is wrong with the command line, in our words where they are clearer.
-std::string usageProblem(const CLI::App& app, const CLI::Error& error) {
+std::string usageProblem(const CLI::App& app, const std::exception& error) {
   const bool hasCommand = !app.get_subcommands().empty();
   const std::vector<std::string> unexpected = app.remaining(true);
   if (unexpected.empty()) {
@@ -69,23 +72,27 @@ std::unique_ptr<CLI::App> makeCommandLine(const Session& session) {
   app.get_formatter()->label("Positionals", "Arguments");
   app.footer(kExamples);
   app.require_subcommand(1);
-  addShowCommand(app, session);
-  addJsonCommand(app, session);
-  addWriteCommand(app, session);
-  addConvertCommand(app, session);
-  addCheckCommand(app, session);
-  addCountCommand(app, session);
-  addCleanCommand(app, session);
-  addSplitCommand(app, session);
-  addJoinCommand(app, session);
+  Command commands(app);
+  addShowCommand(commands, session);
+  addJsonCommand(commands, session);
+  addWriteCommand(commands, session);
+  addConvertCommand(commands, session);
+  addCheckCommand(commands, session);
+  addCountCommand(commands, session);
+  addCleanCommand(commands, session);
+  addSplitCommand(commands, session);
+  addJoinCommand(commands, session);
 #ifdef CARDWRIGHT_HAS_SERVE
-  addServeCommand(app, session);
+  addServeCommand(commands, session);
 #endif
   return made;
 }
 
 void runCommandLine(int argc, char** argv, const Session& session) {
   const auto app = makeCommandLine(session);
+  const auto tellWrongUsage = [&](const std::exception& error) {
+    session.diagnostics.wrongUsage(usageProblem(*app, error) + helpHint(*app));
+  };
   try {
     app->parse(argc, argv);
   } catch (const CLI::CallForVersion&) {
@@ -94,7 +101,9 @@ void runCommandLine(int argc, char** argv, const Session& session) {
   } catch (const CLI::Success&) {
     session.output.write(app->help());
   } catch (const CLI::Error& error) {
-    session.diagnostics.wrongUsage(usageProblem(*app, error) + helpHint(*app));
+    tellWrongUsage(error);
+  } catch (const WrongUsage& error) {
+    tellWrongUsage(error);
   }
 }
 
