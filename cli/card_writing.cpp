@@ -1,13 +1,12 @@
 #include "card_writing.h"
 
+#include "command_options.h"
 #include "io/card_source.h"
 #include "io/input.h"
 #include "io/repair_notes.h"
 #include "report/repair_cards.h"
 #include "report/report_json.h"
 #include "version_name.h"
-
-#include <CLI/CLI.hpp>
 
 #include <map>
 #include <optional>
@@ -124,22 +123,18 @@ class CardWriting {
 VersionCode wantedVersion(const std::string& name) {
   const std::optional<VersionCode> version = versionNamed(name);
   if (!version) {
-    throw CLI::ValidationError("--to", "'" + name + "' is not 2.1, 3.0 or 4.0");
+    throw WrongUsage("--to", "'" + name + "' is not 2.1, 3.0 or 4.0");
   }
   return *version;
 }
 
 } // namespace
 
-void addWritingOptions(CLI::App& command, WritingOptions& options, const char* versionHelp,
+void addWritingOptions(Command& command, WritingOptions& options, const char* versionHelp,
                        const Session& session) {
   addReadingOptions(command, options.reading);
-  command
-      .add_option_function<std::string>(
-          "--to", [&](const std::string& name) { options.version = wantedVersion(name); },
-          versionHelp)
-      ->type_name("VERSION")
-      ->required();
+  const auto takeVersion = [&](const std::string& name) { options.version = wantedVersion(name); };
+  command.addOption("--to", "VERSION", takeVersion, versionHelp).required();
   addOutputFile(command, options.output);
   addReportOptions(command, options.output, session);
 }

@@ -6,10 +6,6 @@
 
 #include <cardwright/face.h>
 
-namespace CLI {
-class App;
-}
-
 namespace cardwright::tool {
 
 /// What all commands that write cards can be told.
@@ -23,7 +19,7 @@ struct WritingOptions {
 /// Adds all of them to a command.
 /// @param options outlives the command line
 /// @param versionHelp what "--to" means
-void addWritingOptions(CLI::App& command, WritingOptions& options, const char* versionHelp,
+void addWritingOptions(Command& command, WritingOptions& options, const char* versionHelp,
                        const Session& session);
 
 /// Reads the cards of all files, writes them, and says what became of them.

@@ -1,3 +1,4 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/input.h"
 #include "json/json_text.h"
@@ -7,8 +8,6 @@
 
 #include <cardwright/check.h>
 #include <cardwright/utf8.h>
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 #include <string>
@@ -111,17 +110,15 @@ void check(const CheckCommandOptions& options, const Session& session) {
 
 } // namespace
 
-void addCheckCommand(CLI::App& app, const Session& session) {
+void addCheckCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<CheckCommandOptions>();
-  CLI::App* const command = app.add_subcommand("check", "Tell what is wrong with cards");
-  command->group(kCommandGroup);
-  addFiles(*command, options->reading.files);
-  addEncodingOption(*command, options->check.encoding);
-  command->add_flag("--all", options->check.all, "Tell a mistake each time that it is made");
-  command->add_flag("--json", options->isJson, "Write JSON for programs");
-  addQuietFlag(*command, session);
-  command->footer(kExamples);
-  command->callback([options, session] { check(*options, session); });
+  Command command = app.addCommand("check", "Tell what is wrong with cards", kExamples);
+  addFiles(command, options->reading.files);
+  addEncodingOption(command, options->check.encoding);
+  command.addFlag("--all", options->check.all, "Tell a mistake each time that it is made");
+  command.addFlag("--json", options->isJson, "Write JSON for programs");
+  addQuietFlag(command, session);
+  command.setAction([options, session] { check(*options, session); });
 }
 
 } // namespace cardwright::tool

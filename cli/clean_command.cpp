@@ -1,3 +1,4 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/input.h"
 #include "io/repair_notes.h"
@@ -9,8 +10,6 @@
 #include "text/unified_diff.h"
 
 #include <cardwright/face.h>
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <memory>
@@ -161,7 +160,7 @@ void clean(const CleanOptions& options, const Session& session) {
   const std::vector<std::string>& inputs = options.reading.inputs();
   if (options.backupSuffix &&
       std::find(inputs.begin(), inputs.end(), kStandardInput) != inputs.end()) {
-    throw CLI::ValidationError("--in-place", "standard input cannot be repaired in place");
+    throw WrongUsage("--in-place", "standard input cannot be repaired in place");
   }
   CleanSums sums(options);
   if (options.backupSuffix) {
@@ -178,31 +177,27 @@ void clean(const CleanOptions& options, const Session& session) {
 
 } // namespace
 
-void addCleanCommand(CLI::App& app, const Session& session) {
+void addCleanCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<CleanOptions>();
-  CLI::App* const command = app.add_subcommand("clean", "Repair files without reading their cards");
-  command->group(kCommandGroup);
-  addFiles(*command, options->reading.files);
-  addEncodingOption(*command, options->reading.read.encoding);
-  CLI::Option* const inPlace =
-      command
-          ->add_option_function<std::string>(
-              "--in-place",
-              [options](const std::string& suffix) { options->backupSuffix = suffix; },
-              "Repair the files themselves; SUFFIX keeps the old")
-          ->type_name("SUFFIX")
-          ->expected(0, 1)
-          ->default_str("");
-  CLI::Option* const diff =
-      command->add_flag("--diff", options->isDiff, "Print what would be changed instead");
-  CLI::Option* const check = command->add_flag("--check", options->isCheck,
-                                               "Only tell what would be repaired; exit status 3");
-  CLI::Option* const output = addOutputFile(*command, options->output);
-  addReportOptions(*command, options->output, session);
-  inPlace->excludes(output)->excludes(diff)->excludes(check);
-  check->excludes(diff)->excludes(output);
-  command->footer(kExamples);
-  command->callback([options, session] { clean(*options, session); });
+  Command command = app.addCommand("clean", "Repair files without reading their cards", kExamples);
+  addFiles(command, options->reading.files);
+  addEncodingOption(command, options->reading.read.encoding);
+  const auto repairInPlace = [options](const std::string& suffix) {
+    options->backupSuffix = suffix;
+  };
+  Option inPlace = command
+                       .addOption("--in-place", "SUFFIX", repairInPlace,
+                                  "Repair the files themselves; SUFFIX keeps the old")
+                       .valueOptional();
+  const Option diff =
+      command.addFlag("--diff", options->isDiff, "Print what would be changed instead");
+  Option check = command.addFlag("--check", options->isCheck,
+                                 "Only tell what would be repaired; exit status 3");
+  const Option output = addOutputFile(command, options->output);
+  addReportOptions(command, options->output, session);
+  inPlace.excludes(output).excludes(diff).excludes(check);
+  check.excludes(diff).excludes(output);
+  command.setAction([options, session] { clean(*options, session); });
 }
 
 } // namespace cardwright::tool

@@ -1,6 +1,12 @@
 #include "command_line.h"
 
+#include "command_options.h"
+
 #include <CLI/CLI.hpp>
+
+#include <exception>
+#include <string>
+#include <vector>
 
 namespace cardwright::tool {
 
@@ -31,6 +37,29 @@ constexpr const char* kExamples =
     "Exit status: 0 done, 1 a file could not be read or written, 2 wrong usage, 3\n"
     "'check' or 'clean --check' found something.";
 
+/// Where to read on: the page of help of the command that was meant.
+std::string helpHint(const CLI::App& app) {
+  std::string command = "cardwright";
+  for (const CLI::App* const subcommand : app.get_subcommands()) {
+    command += " " + subcommand->get_name();
+  }
+  return "; see '" + command + " --help'";
+}
+
+/// What is wrong with the command line, in our words where they are clearer.
+std::string usageProblem(const CLI::App& app, const std::exception& error) {
+  const bool hasCommand = !app.get_subcommands().empty();
+  const std::vector<std::string> unexpected = app.remaining(true);
+  if (unexpected.empty()) {
+    return hasCommand ? error.what() : "no command given";
+  }
+  const std::string& word = unexpected.front();
+  if (word.starts_with('-')) {
+    return "there is no option '" + word + "'";
+  }
+  return hasCommand ? error.what() : "there is no command '" + word + "'";
+}
+
 } // namespace
 
 std::unique_ptr<CLI::App> makeCommandLine(const Session& session) {
@@ -43,19 +72,39 @@ std::unique_ptr<CLI::App> makeCommandLine(const Session& session) {
   app.get_formatter()->label("Positionals", "Arguments");
   app.footer(kExamples);
   app.require_subcommand(1);
-  addShowCommand(app, session);
-  addJsonCommand(app, session);
-  addWriteCommand(app, session);
-  addConvertCommand(app, session);
-  addCheckCommand(app, session);
-  addCountCommand(app, session);
-  addCleanCommand(app, session);
-  addSplitCommand(app, session);
-  addJoinCommand(app, session);
+  Command commands(app);
+  addShowCommand(commands, session);
+  addJsonCommand(commands, session);
+  addWriteCommand(commands, session);
+  addConvertCommand(commands, session);
+  addCheckCommand(commands, session);
+  addCountCommand(commands, session);
+  addCleanCommand(commands, session);
+  addSplitCommand(commands, session);
+  addJoinCommand(commands, session);
 #ifdef CARDWRIGHT_HAS_SERVE
-  addServeCommand(app, session);
+  addServeCommand(commands, session);
 #endif
   return made;
+}
+
+void runCommandLine(int argc, char** argv, const Session& session) {
+  const auto app = makeCommandLine(session);
+  const auto tellWrongUsage = [&](const std::exception& error) {
+    session.diagnostics.wrongUsage(usageProblem(*app, error) + helpHint(*app));
+  };
+  try {
+    app->parse(argc, argv);
+  } catch (const CLI::CallForVersion&) {
+    session.output.write(app->version());
+    session.output.put('\n');
+  } catch (const CLI::Success&) {
+    session.output.write(app->help());
+  } catch (const CLI::Error& error) {
+    tellWrongUsage(error);
+  } catch (const WrongUsage& error) {
+    tellWrongUsage(error);
+  }
 }
 
 } // namespace cardwright::tool

@@ -3,11 +3,9 @@
 #include "io/diagnostics.h"
 #include "io/output.h"
 
-namespace CLI {
-class App;
-}
-
 namespace cardwright::tool {
+
+class Command;
 
 /// What every command works with. It outlives the command line.
 struct Session {
@@ -15,20 +13,17 @@ struct Session {
   Diagnostics& diagnostics;
 };
 
-/// Heading of the commands in the help.
-inline constexpr const char* kCommandGroup = "Commands";
-
 // Each adds one command, which runs when the command line has been read.
 
-void addShowCommand(CLI::App& app, const Session& session);
-void addJsonCommand(CLI::App& app, const Session& session);
-void addWriteCommand(CLI::App& app, const Session& session);
-void addConvertCommand(CLI::App& app, const Session& session);
-void addCheckCommand(CLI::App& app, const Session& session);
-void addCleanCommand(CLI::App& app, const Session& session);
-void addCountCommand(CLI::App& app, const Session& session);
-void addSplitCommand(CLI::App& app, const Session& session);
-void addJoinCommand(CLI::App& app, const Session& session);
-void addServeCommand(CLI::App& app, const Session& session);
+void addShowCommand(Command& app, const Session& session);
+void addJsonCommand(Command& app, const Session& session);
+void addWriteCommand(Command& app, const Session& session);
+void addConvertCommand(Command& app, const Session& session);
+void addCheckCommand(Command& app, const Session& session);
+void addCleanCommand(Command& app, const Session& session);
+void addCountCommand(Command& app, const Session& session);
+void addSplitCommand(Command& app, const Session& session);
+void addJoinCommand(Command& app, const Session& session);
+void addServeCommand(Command& app, const Session& session);
 
 } // namespace cardwright::tool

@@ -1,7 +1,6 @@
 #include "card_writing.h"
+#include "command_options.h"
 #include "commands.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -20,14 +19,12 @@ constexpr const char* kExamples =
 
 } // namespace
 
-void addConvertCommand(CLI::App& app, const Session& session) {
+void addConvertCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<WritingOptions>();
   options->converts = true;
-  CLI::App* const command = app.add_subcommand("convert", "Turn cards into cards of a version");
-  command->group(kCommandGroup);
-  addWritingOptions(*command, *options, "Version of the cards to write: 2.1, 3.0 or 4.0", session);
-  command->footer(kExamples);
-  command->callback([options, session] { writeAllCards(*options, session); });
+  Command command = app.addCommand("convert", "Turn cards into cards of a version", kExamples);
+  addWritingOptions(command, *options, "Version of the cards to write: 2.1, 3.0 or 4.0", session);
+  command.setAction([options, session] { writeAllCards(*options, session); });
 }
 
 } // namespace cardwright::tool

@@ -1,3 +1,4 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/card_source.h"
 #include "io/input.h"
@@ -9,8 +10,6 @@
 #include "text/printable.h"
 
 #include <cardwright/utf8.h>
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <memory>
@@ -188,16 +187,14 @@ void count(const CountOptions& options, const Session& session) {
 
 } // namespace
 
-void addCountCommand(CLI::App& app, const Session& session) {
+void addCountCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<CountOptions>();
-  CLI::App* const command =
-      app.add_subcommand("count", "Count cards, versions, properties and repairs");
-  command->group(kCommandGroup);
-  addReadingOptions(*command, options->reading);
-  command->add_flag("--json", options->isJson, "Write JSON for programs");
-  addQuietFlag(*command, session);
-  command->footer(kExamples);
-  command->callback([options, session] { count(*options, session); });
+  Command command =
+      app.addCommand("count", "Count cards, versions, properties and repairs", kExamples);
+  addReadingOptions(command, options->reading);
+  command.addFlag("--json", options->isJson, "Write JSON for programs");
+  addQuietFlag(command, session);
+  command.setAction([options, session] { count(*options, session); });
 }
 
 } // namespace cardwright::tool

@@ -1,10 +1,9 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/text_source.h"
 #include "output_options.h"
 #include "reading_options.h"
 #include "report/piece_sums.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -52,15 +51,13 @@ void join(const JoinOptions& options, const Session& session) {
 
 } // namespace
 
-void addJoinCommand(CLI::App& app, const Session& session) {
+void addJoinCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<JoinOptions>();
-  CLI::App* const command = app.add_subcommand("join", "Write the cards of all files to one");
-  command->group(kCommandGroup);
-  addReadingOptions(*command, options->reading);
-  addOutputFile(*command, options->output);
-  addReportOptions(*command, options->output, session);
-  command->footer(kExamples);
-  command->callback([options, session] { join(*options, session); });
+  Command command = app.addCommand("join", "Write the cards of all files to one", kExamples);
+  addReadingOptions(command, options->reading);
+  addOutputFile(command, options->output);
+  addReportOptions(command, options->output, session);
+  command.setAction([options, session] { join(*options, session); });
 }
 
 } // namespace cardwright::tool

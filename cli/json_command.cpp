@@ -1,10 +1,9 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/card_source.h"
 #include "json/card_json.h"
 #include "output_options.h"
 #include "reading_options.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -44,15 +43,13 @@ void writeJson(const JsonOptions& options, const Session& session) {
 
 } // namespace
 
-void addJsonCommand(CLI::App& app, const Session& session) {
+void addJsonCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<JsonOptions>();
-  CLI::App* const command = app.add_subcommand("json", "Write cards as JSON for programs");
-  command->group(kCommandGroup);
-  addReadingOptions(*command, options->reading);
-  command->add_flag("--pretty", options->isPretty, "Indent the output");
-  addQuietFlag(*command, session);
-  command->footer(kExamples);
-  command->callback([options, session] { writeJson(*options, session); });
+  Command command = app.addCommand("json", "Write cards as JSON for programs", kExamples);
+  addReadingOptions(command, options->reading);
+  command.addFlag("--pretty", options->isPretty, "Indent the output");
+  addQuietFlag(command, session);
+  command.setAction([options, session] { writeJson(*options, session); });
 }
 
 } // namespace cardwright::tool

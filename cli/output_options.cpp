@@ -2,21 +2,17 @@
 
 #include "io/replacement.h"
 
-#include <CLI/CLI.hpp>
-
 namespace cardwright::tool {
 
-CLI::Option* addOutputFile(CLI::App& command, OutputOptions& options) {
-  return command
-      .add_option("-o,--output", options.outputFile,
-                  "File to write, in one step; else standard output")
-      ->type_name("FILE");
+Option addOutputFile(Command& command, OutputOptions& options) {
+  return command.addOption("-o,--output", "FILE", options.outputFile,
+                           "File to write, in one step; else standard output");
 }
 
-void addReportOptions(CLI::App& command, OutputOptions& options, const Session& session) {
-  command.add_option("--report", options.reportFile, "File for a report of each change, as JSON")
-      ->type_name("FILE");
-  command.add_flag_callback(
+void addReportOptions(Command& command, OutputOptions& options, const Session& session) {
+  command.addOption("--report", "FILE", options.reportFile,
+                    "File for a report of each change, as JSON");
+  command.addFlag(
       "-q,--quiet",
       [&options, session] {
         options.isQuiet = true;
@@ -25,8 +21,8 @@ void addReportOptions(CLI::App& command, OutputOptions& options, const Session& 
       "Tell neither the sums nor how far the work is");
 }
 
-void addQuietFlag(CLI::App& command, const Session& session) {
-  command.add_flag_callback(
+void addQuietFlag(Command& command, const Session& session) {
+  command.addFlag(
       "-q,--quiet", [session] { session.diagnostics.progress().hush(); },
       "Do not tell how far the work is");
 }

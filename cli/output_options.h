@@ -1,14 +1,10 @@
 #pragma once
 
+#include "command_options.h"
 #include "commands.h"
 
 #include <functional>
 #include <string>
-
-namespace CLI {
-class App;
-class Option;
-} // namespace CLI
 
 namespace cardwright::tool {
 
@@ -21,11 +17,11 @@ struct OutputOptions {
 
 /// Adds --output to a command.
 /// @param options outlives the command line, here and below
-CLI::Option* addOutputFile(CLI::App& command, OutputOptions& options);
+Option addOutputFile(Command& command, OutputOptions& options);
 /// Adds --report and --quiet to a command that tells sums.
-void addReportOptions(CLI::App& command, OutputOptions& options, const Session& session);
+void addReportOptions(Command& command, OutputOptions& options, const Session& session);
 /// Adds --quiet to a command that tells none.
-void addQuietFlag(CLI::App& command, const Session& session);
+void addQuietFlag(Command& command, const Session& session);
 
 /// Hands on standard output or the file that takes the place of the wanted one; that is left as it
 /// was when anything went wrong. The sums are to be told afterwards.

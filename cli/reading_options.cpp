@@ -1,8 +1,7 @@
 #include "reading_options.h"
 
+#include "command_options.h"
 #include "io/input.h"
-
-#include <CLI/CLI.hpp>
 
 namespace cardwright::tool {
 
@@ -10,7 +9,7 @@ namespace {
 
 std::string knownEncoding(const std::string& name) {
   if (!isKnownEncoding(name)) {
-    throw CLI::ValidationError("--encoding", "no encoding is called '" + name + "'");
+    throw WrongUsage("--encoding", "no encoding is called '" + name + "'");
   }
   return name;
 }
@@ -22,22 +21,20 @@ const std::vector<std::string>& ReadingOptions::inputs() const {
   return files.empty() ? kOnlyStandardInput : files;
 }
 
-void addFiles(CLI::App& command, std::vector<std::string>& files) {
-  command.add_option("FILE", files, "Files to read; '-' or none is standard input")->type_name("");
+void addFiles(Command& command, std::vector<std::string>& files) {
+  command.addFiles(files, "Files to read; '-' or none is standard input");
 }
 
-void addEncodingOption(CLI::App& command, std::optional<std::string>& encoding) {
-  command
-      .add_option_function<std::string>(
-          "--encoding", [&](const std::string& name) { encoding = knownEncoding(name); },
-          "Encoding of the files; without it, the bytes tell")
-      ->type_name("NAME");
+void addEncodingOption(Command& command, std::optional<std::string>& encoding) {
+  command.addOption(
+      "--encoding", "NAME", [&](const std::string& name) { encoding = knownEncoding(name); },
+      "Encoding of the files; without it, the bytes tell");
 }
 
-void addReadingOptions(CLI::App& command, ReadingOptions& options) {
+void addReadingOptions(Command& command, ReadingOptions& options) {
   addFiles(command, options.files);
   addEncodingOption(command, options.read.encoding);
-  command.add_flag_callback(
+  command.addFlag(
       "--no-clean", [&] { options.read.clean = false; }, "Do not repair what is damaged");
 }
 

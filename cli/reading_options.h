@@ -6,11 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace cardwright::tool {
+
+class Command;
 
 /// What all commands that read cards can be told.
 struct ReadingOptions {
@@ -23,14 +21,14 @@ struct ReadingOptions {
 
 /// Adds the files to a command.
 /// @param options outlives the command line
-void addFiles(CLI::App& command, std::vector<std::string>& files);
+void addFiles(Command& command, std::vector<std::string>& files);
 
 /// Adds --encoding to a command.
 /// @param encoding outlives the command line
-void addEncodingOption(CLI::App& command, std::optional<std::string>& encoding);
+void addEncodingOption(Command& command, std::optional<std::string>& encoding);
 
 /// Adds all of them to a command.
 /// @param options outlives the command line
-void addReadingOptions(CLI::App& command, ReadingOptions& options);
+void addReadingOptions(Command& command, ReadingOptions& options);
 
 } // namespace cardwright::tool

@@ -1,8 +1,7 @@
+#include "command_options.h"
 #include "commands.h"
 #include "serve/server.h"
 #include "serve/token.h"
-
-#include <CLI/CLI.hpp>
 
 #include <charconv>
 #include <memory>
@@ -33,7 +32,7 @@ int portNamed(const std::string& number) {
   const char* const end = number.data() + number.size();
   const auto [last, error] = std::from_chars(number.data(), end, port);
   if (error != std::errc() || last != end || port < 1 || port > kMost) {
-    throw CLI::ValidationError("--port", "'" + number + "' is not a number from 1 to 65535");
+    throw WrongUsage("--port", "'" + number + "' is not a number from 1 to 65535");
   }
   return port;
 }
@@ -59,18 +58,15 @@ void servePage(const ServeOptions& options, const Session& session) {
 
 } // namespace
 
-void addServeCommand(CLI::App& app, const Session& session) {
+void addServeCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<ServeOptions>();
-  CLI::App* const command = app.add_subcommand("serve", "Show a page to do all this in a browser");
-  command->group(kCommandGroup);
-  command
-      ->add_option_function<std::string>(
-          "--port", [options](const std::string& number) { options->port = portNamed(number); },
-          "Port to listen on; without it, any that is free")
-      ->type_name("NUMBER");
-  command->add_flag("-q,--quiet", options->isQuiet, "Print nothing but the address");
-  command->footer(kExamples);
-  command->callback([options, session] { servePage(*options, session); });
+  Command command = app.addCommand("serve", "Show a page to do all this in a browser", kExamples);
+  command.addOption(
+      "--port", "NUMBER",
+      [options](const std::string& number) { options->port = portNamed(number); },
+      "Port to listen on; without it, any that is free");
+  command.addFlag("-q,--quiet", options->isQuiet, "Print nothing but the address");
+  command.setAction([options, session] { servePage(*options, session); });
 }
 
 } // namespace cardwright::tool

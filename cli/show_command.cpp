@@ -1,3 +1,4 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/card_source.h"
 #include "io/input.h"
@@ -5,8 +6,6 @@
 #include "output_options.h"
 #include "reading_options.h"
 #include "view/card_printer.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 #include <string>
@@ -41,7 +40,7 @@ ColorWish colorWish(const std::string& word) {
   if (word == "never") {
     return ColorWish::never;
   }
-  throw CLI::ValidationError("--color", "'" + word + "' is not auto, always or never");
+  throw WrongUsage("--color", "'" + word + "' is not auto, always or never");
 }
 
 void show(const ShowOptions& options, const Session& session) {
@@ -71,19 +70,15 @@ void show(const ShowOptions& options, const Session& session) {
 
 } // namespace
 
-void addShowCommand(CLI::App& app, const Session& session) {
+void addShowCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<ShowOptions>();
-  CLI::App* const command = app.add_subcommand("show", "Show cards as people read them");
-  command->group(kCommandGroup);
-  addReadingOptions(*command, options->reading);
-  command
-      ->add_option_function<std::string>(
-          "--color", [options](const std::string& wish) { options->color = colorWish(wish); },
-          "Colour the output: auto, always or never")
-      ->type_name("WHEN");
-  addQuietFlag(*command, session);
-  command->footer(kExamples);
-  command->callback([options, session] { show(*options, session); });
+  Command command = app.addCommand("show", "Show cards as people read them", kExamples);
+  addReadingOptions(command, options->reading);
+  command.addOption(
+      "--color", "WHEN", [options](const std::string& wish) { options->color = colorWish(wish); },
+      "Colour the output: auto, always or never");
+  addQuietFlag(command, session);
+  command.setAction([options, session] { show(*options, session); });
 }
 
 } // namespace cardwright::tool

@@ -1,3 +1,4 @@
+#include "command_options.h"
 #include "commands.h"
 #include "io/input.h"
 #include "io/replacement.h"
@@ -10,8 +11,6 @@
 #include "view/card_names.h"
 
 #include <cardwright/utf8.h>
-
-#include <CLI/CLI.hpp>
 
 #include <cerrno>
 #include <filesystem>
@@ -147,18 +146,15 @@ void split(const SplitOptions& options, const Session& session) {
 
 } // namespace
 
-void addSplitCommand(CLI::App& app, const Session& session) {
+void addSplitCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<SplitOptions>();
-  CLI::App* const command = app.add_subcommand("split", "Write each card to a file of its own");
-  command->group(kCommandGroup);
-  addReadingOptions(*command, options->reading);
-  command->add_option("-d,--directory", options->folder, "Folder for the files; it is made")
-      ->type_name("DIR")
-      ->required();
-  command->add_flag("--force", options->replaces, "Replace files that are there already");
-  addReportOptions(*command, options->output, session);
-  command->footer(kExamples);
-  command->callback([options, session] { split(*options, session); });
+  Command command = app.addCommand("split", "Write each card to a file of its own", kExamples);
+  addReadingOptions(command, options->reading);
+  command.addOption("-d,--directory", "DIR", options->folder, "Folder for the files; it is made")
+      .required();
+  command.addFlag("--force", options->replaces, "Replace files that are there already");
+  addReportOptions(command, options->output, session);
+  command.setAction([options, session] { split(*options, session); });
 }
 
 } // namespace cardwright::tool

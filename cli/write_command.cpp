@@ -1,7 +1,6 @@
 #include "card_writing.h"
+#include "command_options.h"
 #include "commands.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -20,15 +19,12 @@ constexpr const char* kExamples =
 
 } // namespace
 
-void addWriteCommand(CLI::App& app, const Session& session) {
+void addWriteCommand(Command& app, const Session& session) {
   const auto options = std::make_shared<WritingOptions>();
-  CLI::App* const command =
-      app.add_subcommand("write", "Read cards and write them in the syntax of a version");
-  command->group(kCommandGroup);
-  addWritingOptions(*command, *options, "Version whose syntax is written: 2.1, 3.0 or 4.0",
-                    session);
-  command->footer(kExamples);
-  command->callback([options, session] { writeAllCards(*options, session); });
+  Command command =
+      app.addCommand("write", "Read cards and write them in the syntax of a version", kExamples);
+  addWritingOptions(command, *options, "Version whose syntax is written: 2.1, 3.0 or 4.0", session);
+  command.setAction([options, session] { writeAllCards(*options, session); });
 }
 
 } // namespace cardwright::tool
