@@ -2,6 +2,7 @@
 
 // What most tests include, and what takes longest to read.
 #include <cardwright/cardwright.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
