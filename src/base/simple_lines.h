@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/large_memory.h"
 #include "cardwright/text.h"
 
 #include <cstddef>
@@ -39,7 +40,7 @@ class SimpleLine {
 class SimpleLines {
  public:
   /// Makes room for the lines of a text of ordinary cards.
-  void reserveFor(std::size_t textSize) { m_lines.reserve(textSize / kOrdinaryLine + 1); }
+  void reserveFor(std::size_t textSize) { reserveLarge(m_lines, textSize / kOrdinaryLine + 1); }
   /// Lines that lie too far behind to be noted are left out.
   void add(std::size_t begin, std::size_t end, SimpleLine::Kind kind) {
     if (end <= std::numeric_limits<std::uint32_t>::max() && end - begin <= SimpleLine::kLongest) {

@@ -2,6 +2,7 @@
 
 #include "base/ascii.h"
 #include "base/ascii_lanes.h"
+#include "base/large_memory.h"
 #include "base/utf8_decoder.h"
 #include "base/utf8_lanes.h"
 
@@ -43,7 +44,7 @@ std::size_t putCodePoint(char* output, char32_t codePoint) noexcept {
 
 Text textFromUtf8(std::string_view utf8) {
   Text text;
-  text.reserve(utf8.size());
+  reserveLarge(text, utf8.size());
   decodeUtf8(text, utf8, [](TextGatherer& gatherer, std::size_t at, std::size_t length) {
     gatherer.append(kReplacement);
     return at + length;
@@ -82,7 +83,7 @@ void appendUtf8(std::string& output, TextView text) {
 
 std::string utf8FromText(TextView text) {
   std::string output;
-  output.reserve(text.size() + text.size() / 8);
+  reserveLarge(output, text.size() + text.size() / 8);
   appendUtf8(output, text);
   return output;
 }

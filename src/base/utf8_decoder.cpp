@@ -1,5 +1,6 @@
 #include "base/utf8_decoder.h"
 
+#include "base/large_memory.h"
 #include "base/utf8_lanes.h"
 
 #include <algorithm>
@@ -146,7 +147,7 @@ DecodedRun decodeSoundRunPlainly(std::string_view utf8, char16_t* output,
 
 std::optional<Text> textFromSoundUtf8(std::string_view utf8) {
   std::optional<Text> text(std::in_place);
-  text->reserve(utf8.size());
+  reserveLarge(*text, utf8.size());
   bool isSound = true;
   decodeUtf8(*text, utf8, [&](TextGatherer&, std::size_t, std::size_t) {
     isSound = false;

@@ -1,5 +1,6 @@
 #include "cleaner/cleaning.h"
 
+#include "base/large_memory.h"
 #include "base/scan_lanes.h"
 #include "cardwright/utf8.h"
 #include "cardwright/vcard_cleaner.h"
@@ -224,7 +225,7 @@ Text joined(TextView text, const Edits& edits, Cleaning& cleaning) {
   // Folding would break the structure of quoted-printable soft breaks.
   const bool isFolded = !anyUsesQuotedPrintable(text, edits, cleaning.repairs);
   Text output;
-  output.reserve(text.size() + text.size() / 16);
+  reserveLarge(output, text.size() + text.size() / 16);
   EditedLines lines(text, edits, cleaning.repairs);
   TextView line;
   std::size_t begin = 0;

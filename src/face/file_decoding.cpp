@@ -1,6 +1,7 @@
 #include "base/ascii.h"
 #include "base/charset.h"
 #include "base/icu_decoder.h"
+#include "base/large_memory.h"
 #include "base/utf8_decoder.h"
 #include "cardwright/decode.h"
 #include "cardwright/utf8.h"
@@ -65,7 +66,7 @@ std::size_t appendTornCharacter(TextGatherer& gatherer, std::string_view utf8, s
 Text decodeDroppingUtf8(std::string_view bytes, DecodingReport& report) {
   report.encoding = kUtf8;
   Text text;
-  text.reserve(bytes.size());
+  reserveLarge(text, bytes.size());
   decodeUtf8(text, bytes, [&](TextGatherer& gatherer, std::size_t at, std::size_t length) {
     const std::size_t behind = appendTornCharacter(gatherer, bytes, at, length);
     if (behind != at) {

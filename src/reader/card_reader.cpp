@@ -1,6 +1,7 @@
 #include "reader/card_reader.h"
 
 #include "base/case.h"
+#include "base/large_memory.h"
 #include "base/whitespace.h"
 #include "cardwright/date_formatter.h"
 #include "cardwright/text_scanner.h"
@@ -209,7 +210,7 @@ std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingPar
 VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingParties parties,
                        const SimpleLines& simpleLines) {
   VCardList cards;
-  store->lines.reserve(simpleLines.lines().size());
+  reserveLarge(store->lines, simpleLines.lines().size());
   SimpleLineCursor known(simpleLines.lines());
   const std::size_t size = store->text.size();
   std::size_t location = 0;
