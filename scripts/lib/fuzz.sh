@@ -6,21 +6,23 @@ fuzzTargets() {
   (cd "$root/fuzz" && printf '%s\n' *_fuzzer.cpp | sed 's/_fuzzer.cpp$//')
 }
 
-# fuzz TARGET SECONDS CORPUS: what it learns stays in the folder CORPUS.
+# fuzz TARGET SECONDS CORPUS [OPTION…]: what it learns stays in the folder CORPUS.
 fuzz() {
   local target=$1 seconds=$2 corpus=$3 found=$root/build/fuzz/$1-found
+  shift 3
   mkdir -p "$corpus" "$found"
   UBSAN_OPTIONS=print_stacktrace=1 "$root/build/sanitize/fuzz/fuzz_$target" \
     -max_total_time="$seconds" -timeout=10 -dict="$root/fuzz/vcard.dict" \
-    -artifact_prefix="$found/" -print_final_stats=1 "$corpus" "$root/fuzz/seeds/$target"
+    -artifact_prefix="$found/" -print_final_stats=1 "$@" "$corpus" "$root/fuzz/seeds/$target"
 }
 
 # fuzzBriefly TARGET SECONDS: begins with nothing but the seeds, so that it takes no longer for what
-# was learned before. Shows what it found.
+# was learned before, and draws the same numbers each time, so that what breaks it breaks it again.
+# Shows what it found.
 fuzzBriefly() {
   local target=$1 seconds=$2 log=$logs/fuzz-$1.log learned input
   learned=$(mktemp -d)
-  if fuzz "$target" "$seconds" "$learned" >"$log" 2>&1 </dev/null; then
+  if fuzz "$target" "$seconds" "$learned" -seed=1 >"$log" 2>&1 </dev/null; then
     rm -rf "$learned"
     return
   fi
