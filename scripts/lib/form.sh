@@ -9,7 +9,7 @@ checkFormat() {
 # was made from. A compiler cache names these from the build folder on.
 builtSources() {
   ninja -C "$root/build/sanitize" -t deps | awk -v root="$root/" '
-    function told() { if (line ~ /^(src|cli)\//) print line; line = "" }
+    function told() { if (line ~ /^(src|cli)\/[^ ]*\.cpp( |$)/) print line; line = "" }
     /^[^ ]/ { told() }
     /^ / {
       sub(/^\.\.\/\.\.\//, root, $1)
