@@ -43,11 +43,8 @@ void expectLinearGrowth(const std::string& name, const String& piece, const Stri
     if (threadSeconds() - begin < 0.001) {
       continue; // Too little to measure.
     }
-    double ratio = growthBetween(runSmall, runLarge, kLimit);
-    for (int attempt = 0; attempt < 3 && ratio >= kLimit; ++attempt) {
-      ratio = growthBetween(runSmall, runLarge, kLimit); // The machine was busy.
-    }
-    EXPECT_LT(ratio, kLimit) << name << " of " << testing::PrintToString(piece) << " from " << few;
+    EXPECT_LT(growthBetween(runSmall, runLarge, kLimit), kLimit)
+        << name << " of " << testing::PrintToString(piece) << " from " << few;
   }
 }
 
