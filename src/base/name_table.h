@@ -44,6 +44,11 @@ class NameTable {
     return probe(name, [](TextView a, TextView b) { return a == b; });
   }
 
+  /// The row whose name equals this one without regard to the case of ASCII letters, or null.
+  [[nodiscard]] constexpr const Row* findAsciiIgnoringCase(TextView name) const noexcept {
+    return probe(name, equalAsciiIgnoringCase);
+  }
+
   /// The row whose name equals this one without regard to case, or null.
   [[nodiscard]] const Row* findIgnoringCase(TextView name) const {
     if (name.size() > kLongestName) {

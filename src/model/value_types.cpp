@@ -35,11 +35,6 @@ TextView defaultTypeOf(TextView name, VersionCode version) noexcept {
   return row != nullptr ? row->value : cVCardValue_TEXT;
 }
 
-bool isMultiValueName(TextView name) noexcept {
-  return name == cVCardProperty_NICKNAME || name == cVCardProperty_CATEGORIES ||
-         name == cVCardProperty_X_QUILLAN_LOCAL_CATEGORIES;
-}
-
 TextView VCardProperty::defaultTypeForVersion(VersionCode version) const noexcept {
   return defaultTypeOf(name(), version);
 }

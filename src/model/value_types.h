@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/text.h"
+#include "cardwright/vocabulary.h"
 
 #include <optional>
 
@@ -13,6 +14,9 @@ namespace cardwright {
 [[nodiscard]] TextView defaultTypeOf(TextView name, VersionCode version) noexcept;
 
 /// VCardProperty::isMultiValueProperty of a name.
-[[nodiscard]] bool isMultiValueName(TextView name) noexcept;
+[[nodiscard]] constexpr bool isMultiValueName(TextView name) noexcept {
+  return name == cVCardProperty_NICKNAME || name == cVCardProperty_CATEGORIES ||
+         name == cVCardProperty_X_QUILLAN_LOCAL_CATEGORIES;
+}
 
 } // namespace cardwright

@@ -4,7 +4,6 @@
 #include "cardwright/vcard_date_time_value.h"
 #include "cardwright/vcard_value.h"
 
-#include <cstdint>
 #include <memory>
 
 namespace cardwright {
@@ -16,26 +15,11 @@ using ValueMaker = std::shared_ptr<VCardValue> (*)(TextView type, Arena* arena);
 /// name without a class of its own.
 [[nodiscard]] ValueMaker valueMakerFor(TextView type);
 
-/// The classes that value type names select.
-enum class ValueClass : std::uint8_t {
-  address,
-  custom,
-  dateTime,
-  gender,
-  geo,
-  name,
-  organisation,
-  text,
-  uri,
-  utcOffset,
-  extension, ///< for all other names
-};
-
-/// The class that the type name selects, without regard to case.
-[[nodiscard]] ValueClass valueClassFor(TextView type);
-
 /// VCardValue::valueWithType in an arena.
 [[nodiscard]] std::shared_ptr<VCardValue> valueWithTypeIn(TextView type, Arena* arena);
+
+/// VCardMultiValue::valueWithType in an arena.
+[[nodiscard]] std::shared_ptr<VCardValue> multiValueWithTypeIn(TextView type, Arena* arena);
 
 /// Gives a new date its type.
 void setTypeOf(VCardDateTimeValue& value, std::optional<TextView> type);

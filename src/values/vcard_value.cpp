@@ -1,6 +1,5 @@
 #include "cardwright/vcard_value.h"
 
-#include "base/name_table.h"
 #include "cardwright/vcard_address_value.h"
 #include "cardwright/vcard_custom_value.h"
 #include "cardwright/vcard_date_time_value.h"
@@ -12,7 +11,7 @@
 #include "cardwright/vcard_uri_value.h"
 #include "cardwright/vcard_utc_offset_value.h"
 #include "cardwright/vcard_x_value.h"
-#include "cardwright/vocabulary.h"
+#include "values/value_classes.h"
 #include "values/value_maker.h"
 
 namespace cardwright {
@@ -30,43 +29,39 @@ std::shared_ptr<VCardValue> makeDateTime(TextView type, Arena* arena) {
   return value;
 }
 
-struct Maker {
-  ValueClass valueClass;
-  ValueMaker make;
-};
-
-constexpr Maker kText = {ValueClass::text, make<VCardTextValue>};
-constexpr Maker kDateTime = {ValueClass::dateTime, makeDateTime};
-
-/// Which class a value type name selects.
-constexpr NameTable kMakers({
-    NameRow<Maker>{cVCardValue_Address, {ValueClass::address, make<VCardAddressValue>}},
-    {cVCardValue_DATE, kDateTime},
-    {cVCardValue_DATE_TIME, kDateTime},
-    {cVCardValue_TIME, kDateTime},
-    {cVCardValue_DATE_AND_OR_TIME, kDateTime},
-    {cVCardValue_TIMESTAMP, kDateTime},
-    {cVCardValue_N, {ValueClass::name, make<VCardNValue>}},
-    {cVCardValue_TEXT, kText},
-    {cVCardValue_BINARY, kText},
-    {cVCardValue_URI, {ValueClass::uri, make<VCardURIValue>}},
-    {cVCardValue_UTC_OFFSET, {ValueClass::utcOffset, make<VCardUTCOffsetValue>}},
-    {cVCardValue_Gender, {ValueClass::gender, make<VCardGenderValue>}},
-    {cVCardValue_Org, {ValueClass::organisation, make<VCardOrgValue>}},
-    {cVCardValue_Geo3_0, {ValueClass::geo, make<VCardGeoValue>}},
-    {cVCardValue_Custom, {ValueClass::custom, make<VCardCustomValue>}},
-});
+/// What makes the values of a class; null for extensions, which need their name.
+ValueMaker makerOf(ValueClass valueClass) noexcept {
+  switch (valueClass) {
+  case ValueClass::address:
+    return make<VCardAddressValue>;
+  case ValueClass::custom:
+    return make<VCardCustomValue>;
+  case ValueClass::dateTime:
+    return makeDateTime;
+  case ValueClass::gender:
+    return make<VCardGenderValue>;
+  case ValueClass::geo:
+    return make<VCardGeoValue>;
+  case ValueClass::name:
+    return make<VCardNValue>;
+  case ValueClass::organisation:
+    return make<VCardOrgValue>;
+  case ValueClass::text:
+    return make<VCardTextValue>;
+  case ValueClass::uri:
+    return make<VCardURIValue>;
+  case ValueClass::utcOffset:
+    return make<VCardUTCOffsetValue>;
+  case ValueClass::extension:
+    break;
+  }
+  return nullptr;
+}
 
 } // namespace
 
 ValueMaker valueMakerFor(TextView type) {
-  const auto* row = kMakers.findIgnoringCase(type);
-  return row != nullptr ? row->value.make : nullptr;
-}
-
-ValueClass valueClassFor(TextView type) {
-  const auto* row = kMakers.findIgnoringCase(type);
-  return row != nullptr ? row->value.valueClass : ValueClass::extension;
+  return makerOf(valueClassFor(type));
 }
 
 std::shared_ptr<VCardValue> VCardValue::valueWithType(std::optional<TextView> type) {

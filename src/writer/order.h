@@ -10,16 +10,79 @@
 
 namespace cardwright {
 
+namespace detail {
+
+struct Rank {
+  TextView name;
+  int rank;
+};
+
+inline constexpr Rank kPropertyRanks[] = {
+    {u"VERSION", -9}, {u"PRODID", -8}, {u"FN", -7},  {u"N", -6},   {u"ORG", -5},
+    {u"TITLE", -4},   {u"EMAIL", -3},  {u"TEL", -2}, {u"ADR", -1},
+};
+
+inline constexpr Rank kParameterRanks[] = {
+    {u"VALUE", -3},
+    {u"ENCODING", -2},
+    {u"TYPE", -1},
+};
+
+template <std::size_t N>
+[[nodiscard]] constexpr int rankOf(const Rank (&ranks)[N], TextView name) noexcept {
+  for (const Rank& rank : ranks) {
+    if (rank.name.size() == name.size() && rank.name.front() == name.front() && rank.name == name) {
+      return rank.rank;
+    }
+  }
+  return 0;
+}
+
+} // namespace detail
+
 /// Names of properties have ranks: VERSION, PRODID, FN, N, ORG, TITLE, EMAIL, TEL and ADR come
 /// first, all others share the last one.
-[[nodiscard]] int propertyRank(TextView name) noexcept;
+[[nodiscard]] constexpr int propertyRank(TextView name) noexcept {
+  return detail::rankOf(detail::kPropertyRanks, name);
+}
 
 /// The same for names of parameters: VALUE, ENCODING and TYPE come first.
-[[nodiscard]] int parameterRank(TextView name) noexcept;
+[[nodiscard]] constexpr int parameterRank(TextView name) noexcept {
+  return detail::rankOf(detail::kParameterRanks, name);
+}
+
+namespace detail {
+
+inline constexpr unsigned kOrderByteBits = 8;
+inline constexpr std::size_t kFirstOrderUnits = 7;
+
+/// So many units of a key from `at` on, a byte each. Nothing behind a unit beyond ASCII counts.
+[[nodiscard]] constexpr std::uint64_t orderBytesOf(TextView key, std::size_t at,
+                                                   std::size_t count) noexcept {
+  constexpr char16_t kBeyondAscii = 0x80;
+  std::uint64_t bytes = 0;
+  std::size_t taken = 0;
+  for (; taken < count && at + taken < key.size(); ++taken) {
+    const char16_t unit = key[at + taken];
+    bytes = bytes << kOrderByteBits | std::min(unit, kBeyondAscii);
+    if (unit >= kBeyondAscii) {
+      ++taken;
+      break;
+    }
+  }
+  return taken == 0 ? 0 : bytes << (count - taken) * kOrderByteBits;
+}
+
+} // namespace detail
 
 /// A rank and the first seven units of a key as one number that compares like them, rank first.
 /// The first unit beyond ASCII ends it, so equal numbers say nothing.
-[[nodiscard]] std::uint64_t orderOf(int rank, TextView key) noexcept;
+[[nodiscard]] constexpr std::uint64_t orderOf(int rank, TextView key) noexcept {
+  constexpr int kNoRank = 0x7F;
+  return static_cast<std::uint64_t>(kNoRank + rank)
+             << detail::kFirstOrderUnits * detail::kOrderByteBits |
+         detail::orderBytesOf(key, 0, detail::kFirstOrderUnits);
+}
 
 /// The next sixteen units of a key likewise. Where these differ, the key itself, which may lie
 /// anywhere in memory, is not asked.

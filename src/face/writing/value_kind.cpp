@@ -14,7 +14,7 @@
 #include "cardwright/vcard_x_value.h"
 #include "cardwright/vocabulary.h"
 #include "model/value_types.h"
-#include "values/value_maker.h"
+#include "values/value_classes.h"
 
 #include <algorithm>
 #include <iterator>
