@@ -5,6 +5,7 @@
 #include "cardwright/vcard_geo_value.h"
 #include "cardwright/vcard_utc_offset_value.h"
 
+#include <chrono>
 #include <cstddef>
 
 namespace cardwright {
@@ -54,12 +55,18 @@ Offset takeOffset(TextView& rest) noexcept {
 }
 
 bool takeDate(TextView& text) noexcept {
-  const bool hasYear = isBetween(takeDigits(text, 4), 1583, 9999);
+  const int year = takeDigits(text, 4);
   const bool hasHyphen = take(text, u'-');
-  const bool hasMonth = isBetween(takeDigits(text, 2), 1, 12);
-  // Which months have more than 28 days is left to the calendar.
-  return hasYear && hasMonth && take(text, u'-') == hasHyphen &&
-         isBetween(takeDigits(text, 2), 1, 28);
+  const int month = takeDigits(text, 2);
+  if (!isBetween(year, 1583, 9999) || !isBetween(month, 1, 12) || take(text, u'-') != hasHyphen) {
+    return false;
+  }
+  const int day = takeDigits(text, 2);
+  return isBetween(day, 1, 28) ||
+         (day > 28 && std::chrono::year_month_day(std::chrono::year(year),
+                                                  std::chrono::month(static_cast<unsigned>(month)),
+                                                  std::chrono::day(static_cast<unsigned>(day)))
+                          .ok());
 }
 
 bool isOrdinaryTime(TextView text) noexcept {

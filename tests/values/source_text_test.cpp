@@ -36,12 +36,12 @@ TEST(SourceText, isForgottenByEverySetter) {
 }
 
 TEST(SourceText, knowsOrdinaryDates) {
-  for (const TextView text : {u"2024-02-28", u"20240228", u"1583-01-01"}) {
+  for (const TextView text : {u"2024-02-29", u"20240228", u"1583-01-01", u"2000-12-31"}) {
     EXPECT_TRUE(isOrdinaryDate(text));
     EXPECT_FALSE(isOrdinaryDateTime(text));
   }
   for (const TextView text :
-       {u"", u"2024", u"2024-02-29", u"2024-13-01", u"2024-0101", u"202401-01", u"1582-01-01",
+       {u"", u"2024", u"2023-02-29", u"20240431", u"2024-13-01", u"2024-0101", u"202401-01", u"1582-01-01",
         u"2024-01-01 ", u"--0101", u"2024-01-00"}) {
     EXPECT_FALSE(isOrdinaryDate(text));
   }
