@@ -32,6 +32,7 @@
 #include "cardwright/vcard_org_value.h"
 #include "cardwright/vcard_parameter.h"
 #include "cardwright/vcard_property.h"
+#include "cardwright/vcard_property_list.h"
 #include "cardwright/vcard_text_value.h"
 #include "cardwright/vcard_uri_value.h"
 #include "cardwright/vcard_utc_offset_value.h"

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "cardwright/detail/card_lines.h"
 #include "cardwright/detail/keyed_list.h"
-#include "cardwright/detail/unread_lines.h"
 #include "cardwright/vcard_object.h"
-#include "cardwright/vcard_property.h"
+#include "cardwright/vcard_property_list.h"
 
 #include <atomic>
 #include <chrono>
@@ -23,8 +23,6 @@ class ContactsParser;
 class TextScanner;
 class VCard;
 
-/// Properties in the order in which they were added.
-using VCardPropertyList = std::vector<std::shared_ptr<VCardProperty>>;
 /// Properties by upper-cased name. The lists are shared with the card.
 using VCardPropertyDict = std::map<Text, std::shared_ptr<VCardPropertyList>, std::less<>>;
 /// Cards in the order of the text they were read from.
@@ -157,6 +155,10 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
     return const_cast<PropertyStore&>(std::as_const(*this).properties()); // NOLINT: not const here
   }
   [[gnu::visibility("hidden")]] void readProperties() const;
+  /// Whether the card still says what its lines say.
+  [[nodiscard]] [[gnu::visibility("hidden")]] bool isUnchanged() const noexcept;
+  /// Where what the card consists of changes.
+  [[gnu::visibility("hidden")]] void changed() noexcept;
   /// addProperty for a new property whose name is upper-cased; its list is made in the arena.
   [[gnu::visibility("hidden")]] static void addUpperCased(
       PropertyStore & properties, std::shared_ptr<VCardProperty> property, Arena * arena);
@@ -167,7 +169,7 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   [[gnu::visibility("hidden")]] static void fetchProperties(const PropertyStore& store) noexcept;
 
   mutable PropertyStore m_properties;
-  mutable detail::UnreadLines m_unread;
+  mutable detail::CardLines m_lines; ///< without a store for a card that was not read
   mutable std::atomic<bool> m_isUnread = false;
   mutable std::once_flag m_reading;
 };

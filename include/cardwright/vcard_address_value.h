@@ -47,30 +47,37 @@ class [[gnu::visibility("default")]] VCardAddressValue final : public VCardValue
   }
   /// Sets poBox().
   void setPoBox(Slot texts) {
+    changed();
     m_slots[0] = std::move(texts);
   }
   /// Sets extended().
   void setExtended(Slot texts) {
+    changed();
     m_slots[1] = std::move(texts);
   }
   /// Sets street().
   void setStreet(Slot texts) {
+    changed();
     m_slots[2] = std::move(texts);
   }
   /// Sets locality().
   void setLocality(Slot texts) {
+    changed();
     m_slots[3] = std::move(texts);
   }
   /// Sets region().
   void setRegion(Slot texts) {
+    changed();
     m_slots[4] = std::move(texts);
   }
   /// Sets postalCode().
   void setPostalCode(Slot texts) {
+    changed();
     m_slots[5] = std::move(texts);
   }
   /// Sets country().
   void setCountry(Slot texts) {
+    changed();
     m_slots[6] = std::move(texts);
   }
 

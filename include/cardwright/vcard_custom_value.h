@@ -16,6 +16,7 @@ class [[gnu::visibility("default")]] VCardCustomValue final : public VCardValue 
   }
   /// Sets the label, or takes it away.
   void setLabel(std::optional<TextView> label) {
+    changed();
     m_label.assign(label);
   }
   /// What stands behind "-=+=-", or the whole text; absent when nothing was read or set.
@@ -24,6 +25,7 @@ class [[gnu::visibility("default")]] VCardCustomValue final : public VCardValue 
   }
   /// Sets the value, or takes it away.
   void setValue(std::optional<TextView> value) {
+    changed();
     m_value.assign(value);
   }
 

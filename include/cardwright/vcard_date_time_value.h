@@ -29,6 +29,7 @@ class [[gnu::visibility("default")]] VCardDateTimeValue final : public VCardValu
   }
   /// Sets all fields; a text that was not understood is forgotten.
   void setComps(const DateComponents& comps) noexcept {
+    changed();
     m_comps = comps;
     m_source = {};
   }

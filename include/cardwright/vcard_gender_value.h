@@ -19,6 +19,7 @@ class [[gnu::visibility("default")]] VCardGenderValue final : public VCardValue 
   }
   /// Sets the sex, or takes it away.
   void setSex(std::optional<TextView> sex) {
+    changed();
     m_sex.assign(sex);
   }
   /// The gender identity; absent when nothing was read or set.
@@ -27,6 +28,7 @@ class [[gnu::visibility("default")]] VCardGenderValue final : public VCardValue 
   }
   /// Sets the gender identity, or takes it away.
   void setIdentity(std::optional<TextView> identity) {
+    changed();
     m_identity.assign(identity);
   }
 

@@ -20,6 +20,7 @@ class [[gnu::visibility("default")]] VCardGeoValue final : public VCardValue {
   }
   /// Sets the latitude; a text that was not understood is forgotten.
   void setLatitude(double degrees) noexcept {
+    changed();
     m_latitude = degrees;
     m_source = {};
   }
@@ -29,6 +30,7 @@ class [[gnu::visibility("default")]] VCardGeoValue final : public VCardValue {
   }
   /// Sets the longitude; a text that was not understood is forgotten.
   void setLongitude(double degrees) noexcept {
+    changed();
     m_longitude = degrees;
     m_source = {};
   }

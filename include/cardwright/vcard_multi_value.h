@@ -6,6 +6,8 @@
 
 namespace cardwright {
 
+class Arena;
+
 /// Values in order.
 using VCardValueList = std::vector<std::shared_ptr<VCardValue>>;
 
@@ -27,6 +29,7 @@ class [[gnu::visibility("default")]] VCardMultiValue final : public VCardValue {
   }
   /// Sets the list, or takes it away.
   void setValues(std::optional<VCardValueList> values) {
+    changed();
     m_values = std::move(values);
   }
 
@@ -44,6 +47,7 @@ class [[gnu::visibility("default")]] VCardMultiValue final : public VCardValue {
 
  private:
   friend struct StoredParts;
+  friend std::shared_ptr<VCardValue> multiValueWithTypeIn(TextView type, Arena * arena);
 
   [[gnu::visibility("hidden")]] void appendElement(std::shared_ptr<VCardValue> element);
 

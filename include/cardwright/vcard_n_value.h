@@ -39,22 +39,27 @@ class [[gnu::visibility("default")]] VCardNValue final : public VCardValue {
   }
   /// Sets last().
   void setLast(Slot texts) {
+    changed();
     m_slots[0] = std::move(texts);
   }
   /// Sets first().
   void setFirst(Slot texts) {
+    changed();
     m_slots[1] = std::move(texts);
   }
   /// Sets middle().
   void setMiddle(Slot texts) {
+    changed();
     m_slots[2] = std::move(texts);
   }
   /// Sets prefix().
   void setPrefix(Slot texts) {
+    changed();
     m_slots[3] = std::move(texts);
   }
   /// Sets suffix().
   void setSuffix(Slot texts) {
+    changed();
     m_slots[4] = std::move(texts);
   }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cardwright/detail/change_mark.h"
 #include "cardwright/text.h"
 
 namespace cardwright {
@@ -34,6 +35,19 @@ class [[gnu::visibility("default")]] VCardObject {
 
  protected:
   VCardObject() = default;
+
+  /// For operations that change what generate() writes: a card of which nothing was changed since
+  /// it was read is written from the lines that it was read from.
+  void changed() noexcept {
+    if (m_changes != nullptr) {
+      m_changes->set();
+    }
+  }
+
+ private:
+  friend class Arena;
+
+  detail::ChangeMark* m_changes = nullptr; ///< of what this was read with; null for other objects
 };
 
 } // namespace cardwright

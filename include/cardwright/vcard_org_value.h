@@ -18,6 +18,7 @@ class [[gnu::visibility("default")]] VCardOrgValue final : public VCardValue {
   }
   /// Sets all parts.
   void setParts(TextList parts) {
+    changed();
     m_parts = std::move(parts);
   }
 

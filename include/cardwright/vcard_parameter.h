@@ -27,6 +27,7 @@ class [[gnu::visibility("default")]] VCardParameter final : public VCardObject {
   }
   /// Stores the name as it is given, without upper-casing it.
   void setName(TextView name) {
+    changed();
     m_name.assign(name);
   }
 

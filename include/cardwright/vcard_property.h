@@ -47,6 +47,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   }
   /// Sets the group, or takes it away.
   void setGroup(std::optional<TextView> group) {
+    changed();
     m_group.assign(group);
   }
 
@@ -56,6 +57,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   }
   /// Stores the name as it is given, without upper-casing it.
   void setName(TextView name) {
+    changed();
     m_name.assign(name);
   }
 
@@ -65,6 +67,7 @@ class [[gnu::visibility("default")]] VCardProperty final : public VCardObject {
   }
   /// Shares the value with the caller; null takes it away.
   void setValue(std::shared_ptr<VCardValue> value) noexcept {
+    changed();
     m_value = std::move(value);
   }
 

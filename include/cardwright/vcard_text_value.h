@@ -22,6 +22,7 @@ class [[gnu::visibility("default")]] VCardTextValue : public VCardValue {
   }
   /// Sets the text, or takes it away.
   void setText(std::optional<TextView> text) {
+    changed();
     m_text.assign(text);
   }
 

@@ -21,6 +21,7 @@ class [[gnu::visibility("default")]] VCardUTCOffsetValue final : public VCardVal
   }
   /// Sets the offset; a text that was not understood is forgotten.
   void setOffset(std::int64_t seconds) noexcept {
+    changed();
     m_offset = seconds;
     m_source = {};
   }

@@ -27,6 +27,7 @@ class [[gnu::visibility("default")]] VCardValue : public VCardObject {
   }
   /// Tells parse() so.
   void setQuotedPrintable(bool quotedPrintable) noexcept {
+    changed();
     m_quotedPrintable = quotedPrintable;
   }
 
@@ -36,6 +37,7 @@ class [[gnu::visibility("default")]] VCardValue : public VCardObject {
   }
   /// Tells parse() the name of the character set.
   void setCharset(std::optional<TextView> charset) {
+    changed();
     m_charset.assign(charset);
   }
 

@@ -19,6 +19,7 @@ class [[gnu::visibility("default")]] VCardXValue final : public VCardTextValue {
   [[nodiscard]] std::optional<TextView> type() const noexcept override;
   /// Sets the type name, or takes it away.
   void setType(std::optional<TextView> type) {
+    changed();
     m_type.assign(type);
   }
 

@@ -44,6 +44,10 @@ void* Arena::allocate(std::size_t size) {
   return memory;
 }
 
+void detail::ArenaRelease::operator()(Arena* arena) const noexcept {
+  arena->release();
+}
+
 void Arena::release() noexcept {
   if (m_references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
     // The arena lies in what may go now, and the pool goes with what keeps it.

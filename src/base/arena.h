@@ -1,5 +1,8 @@
 #pragma once
 
+#include "cardwright/detail/card_lines.h"
+#include "cardwright/detail/change_mark.h"
+
 #include <atomic>
 #include <cstddef>
 #include <memory>
@@ -11,14 +14,12 @@ class SlabPool;
 
 /// Memory for objects that are made together, such as those of a card, cut from a pool that lives
 /// as long as any of them, and given back to it when the last has gone. One thread allocates,
-/// before any other knows the objects; each may then be let go by any thread.
-class Arena {
+/// before any other knows the objects; each may then be let go by any thread. The arena is the mark
+/// of changes of what is made in it.
+class Arena : public detail::ChangeMark {
  public:
-  struct Release {
-    void operator()(Arena* arena) const noexcept { arena->release(); }
-  };
   /// How its maker holds an arena.
-  using Hold = std::unique_ptr<Arena, Release>;
+  using Hold = detail::ArenaHold;
 
   Arena(const Arena&) = delete;
   Arena& operator=(const Arena&) = delete;
@@ -31,6 +32,19 @@ class Arena {
 
   /// Memory for one object, aligned for anything. Holds the arena until it is let go.
   [[nodiscard]] void* allocate(std::size_t size);
+  /// Makes an object tell the arena when it is changed, if it can.
+  template <typename Object>
+  void watch(Object& object) noexcept {
+    if constexpr (requires { object.m_changes; }) {
+      object.m_changes = this;
+    }
+  }
+  /// The arena that watches an object; null for none.
+  template <typename Object>
+  [[nodiscard]] static Arena* of(const Object& object) noexcept {
+    return static_cast<Arena*>(object.m_changes);
+  }
+
   /// Lets one object go, or the maker's hold.
   void release() noexcept;
 
@@ -82,8 +96,12 @@ class ArenaAllocator {
 /// Makes an object in an arena, or by itself where there is none.
 template <typename T>
 [[nodiscard]] std::shared_ptr<T> makeIn(Arena* arena) {
-  return arena != nullptr ? std::allocate_shared<T>(ArenaAllocator<T>(arena))
-                          : std::make_shared<T>();
+  if (arena == nullptr) {
+    return std::make_shared<T>();
+  }
+  auto object = std::allocate_shared<T>(ArenaAllocator<T>(arena));
+  arena->watch(*object);
+  return object;
 }
 
 } // namespace cardwright

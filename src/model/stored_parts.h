@@ -26,7 +26,8 @@ struct StoredParts {
   of(const VCardMultiValue& value) noexcept {
     return value.m_values;
   }
-  static void fetch(const VCard& card) { VCard::fetchProperties(card.properties()); }
+  static void fetch(const VCard& card) { fetch(card.properties()); }
+  static void fetch(const Properties& properties) noexcept { VCard::fetchProperties(properties); }
 };
 
 } // namespace cardwright

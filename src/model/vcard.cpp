@@ -9,6 +9,16 @@
 
 namespace cardwright {
 
+bool VCard::isUnchanged() const noexcept {
+  return m_lines.arena != nullptr && !m_lines.arena->isSet();
+}
+
+void VCard::changed() noexcept {
+  if (m_lines.arena != nullptr) {
+    m_lines.arena->set();
+  }
+}
+
 VCardPropertyDict VCard::propertyDict() const {
   VCardPropertyDict dict;
   for (const auto& [key, list] : properties().entries()) {
@@ -19,7 +29,7 @@ VCardPropertyDict VCard::propertyDict() const {
 
 void VCard::setPropertyDict(const VCardPropertyDict& dict) {
   m_isUnread = false;
-  m_unread = {};
+  m_lines = {};
   m_properties = {};
   for (const auto& [key, list] : dict) {
     if (list != nullptr) {
@@ -33,6 +43,7 @@ void VCard::addProperty(std::shared_ptr<VCardProperty> property) {
     return;
   }
   PropertyStore& store = properties();
+  changed();
   const UpperCasedName key(property->name());
   std::shared_ptr<VCardPropertyList>* list = store.find(key.view());
   if (list == nullptr) {
@@ -71,7 +82,9 @@ std::optional<VCardPropertyList> VCard::propertiesWithName(TextView name,
 }
 
 bool VCard::removePropertiesWithName(TextView name) {
-  return properties().remove(UpperCasedName(name).view());
+  PropertyStore& store = properties();
+  changed();
+  return store.remove(UpperCasedName(name).view());
 }
 
 const VCardProperty* VCard::firstPropertyWithKey(TextView key) const {

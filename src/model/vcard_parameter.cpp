@@ -28,6 +28,7 @@ std::optional<TextView> VCardParameter::firstValue() const noexcept {
 }
 
 void VCardParameter::addValue(TextView rawValue) {
+  changed();
   if (rawValue.find(u'^') == TextView::npos) {
     m_values.push_back(detail::TextStorage(rawValue));
   } else {
@@ -37,6 +38,7 @@ void VCardParameter::addValue(TextView rawValue) {
 }
 
 void VCardParameter::addValues(const TextList& values) {
+  changed();
   for (const Text& value : values) {
     m_values.push_back(detail::TextStorage(TextView(value)));
   }

@@ -51,6 +51,7 @@ std::optional<VCardParameterDict> VCardProperty::parameterDict() const {
 }
 
 void VCardProperty::setParameterDict(const std::optional<VCardParameterDict>& dict) {
+  changed();
   m_parameters = {};
   m_hasParameters = dict.has_value();
   if (dict) {
@@ -64,6 +65,7 @@ void VCardProperty::addParameter(const std::shared_ptr<VCardParameter>& paramete
   if (parameter == nullptr) {
     return;
   }
+  changed();
   m_hasParameters = true;
   const UpperCasedName key(parameter->name());
   std::shared_ptr<VCardParameter>* stored = m_parameters.find(key.view());
@@ -75,6 +77,7 @@ void VCardProperty::addParameter(const std::shared_ptr<VCardParameter>& paramete
     *stored = parameter;
     return;
   }
+  (*stored)->changed();
   auto& values = (*stored)->m_values;
   // By index: a parameter may be added to itself.
   const std::size_t count = parameter->m_values.size();
@@ -101,6 +104,7 @@ std::shared_ptr<VCardParameter> VCardProperty::parameterWithName(TextView name) 
 }
 
 void VCardProperty::removeParameterWithName(TextView name) {
+  changed();
   m_parameters.remove(UpperCasedName(name).view());
 }
 

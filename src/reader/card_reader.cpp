@@ -109,8 +109,12 @@ class CardAssembly {
       return nullptr;
     }
     auto card = std::make_shared<VCard>();
-    card->m_unread = {m_store, m_first, m_store->lines.size() - m_first, m_countBeforeVersion,
-                      m_version};
+    card->m_lines = {.store = m_store,
+                     .first = m_first,
+                     .count = m_store->lines.size() - m_first,
+                     .countBeforeVersion = m_countBeforeVersion,
+                     .version = m_version,
+                     .arena = nullptr};
     card->m_isUnread.store(true, std::memory_order_relaxed);
     m_recorder.cardRead();
     return card;

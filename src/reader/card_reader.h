@@ -2,7 +2,7 @@
 
 #include "base/simple_lines.h"
 #include "cardwright/vcard.h"
-#include "reader/line_store.h"
+#include "model/line_store.h"
 #include "reader/read_recorder.h"
 
 #include <cstddef>

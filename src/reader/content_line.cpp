@@ -259,7 +259,7 @@ void ContentLineParser::parseValue(TextView text, TextView type, VCardProperty& 
         encoding && equalIgnoringCase(*encoding, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
   }
   std::shared_ptr<VCardValue> value = property.isMultiValueProperty()
-                                          ? VCardMultiValue::valueWithType(type)
+                                          ? multiValueWithTypeIn(type, m_arena)
                                           : valueWithTypeIn(type, m_arena);
   if (charset) {
     ValueReading::setCharset(*value, sharedCharset(*charset));
@@ -274,6 +274,7 @@ void ContentLineParser::parseValue(TextView text, TextView type, VCardProperty& 
 }
 
 bool VCardProperty::parse(TextView contentLine, VersionCode version, DateFormatter* formatter) {
+  changed();
   return ContentLineParser(version, formatter).parse(contentLine, *this) == DropReason::none;
 }
 

@@ -11,6 +11,7 @@ std::optional<TextView> VCardAddressValue::type() const noexcept {
 
 bool VCardAddressValue::parse(TextView text, VersionCode /*version*/,
                               DateFormatter* /*formatter*/) {
+  changed();
   readSlots(m_slots, text, *this);
   return true;
 }

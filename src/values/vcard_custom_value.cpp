@@ -11,6 +11,7 @@ constexpr TextView kSeparator = u"-=+=-";
 } // namespace
 
 bool VCardCustomValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
+  changed();
   const Text decoded =
       VCardUtils::decodeTextValue(text, quotedPrintable(), charset()).value_or(Text());
   const TextView pieces = decoded;

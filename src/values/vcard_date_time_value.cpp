@@ -212,6 +212,7 @@ std::optional<TextView> VCardDateTimeValue::type() const noexcept {
 }
 
 bool VCardDateTimeValue::parse(TextView text, VersionCode /*version*/, DateFormatter* formatter) {
+  changed();
   if (formatter == nullptr) {
     fatalError("Formatter is nil");
   }
@@ -257,11 +258,13 @@ void VCardDateTimeValue::generate(Text& output, VersionCode version,
 }
 
 void VCardDateTimeValue::parseDate(TextView text) {
+  changed();
   m_source = {};
   readDate(text, m_comps);
 }
 
 void VCardDateTimeValue::parseTime(TextView text) {
+  changed();
   m_source = {};
   readTime(text, m_comps);
 }

@@ -10,6 +10,7 @@ std::optional<TextView> VCardGenderValue::type() const noexcept {
 }
 
 bool VCardGenderValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
+  changed();
   const std::size_t semicolon = text.find(u';');
   setSex(VCardUtils::decodeTextValue(text.substr(0, semicolon), quotedPrintable(), charset()));
   if (semicolon != TextView::npos) {

@@ -26,6 +26,7 @@ std::optional<TextView> VCardGeoValue::type() const noexcept {
 }
 
 bool VCardGeoValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
+  changed();
   m_source.assign(isOrdinaryPosition(text) ? std::nullopt : std::optional(text));
   const std::size_t separator = text.find_first_of(u";,");
   if (separator == TextView::npos) {

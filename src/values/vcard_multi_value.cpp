@@ -16,11 +16,18 @@ VCardMultiValue::valueWithType(std::optional<TextView> elementType) {
   return value;
 }
 
+std::shared_ptr<VCardValue> multiValueWithTypeIn(TextView type, Arena* arena) {
+  auto value = makeIn<VCardMultiValue>(arena);
+  value->m_elementType.assign(type);
+  return value;
+}
+
 std::optional<TextView> VCardMultiValue::type() const noexcept {
   return m_elementType.optionalView();
 }
 
 void VCardMultiValue::appendElement(std::shared_ptr<VCardValue> element) {
+  changed();
   if (!m_values) {
     m_values.emplace();
   }
@@ -38,6 +45,7 @@ void VCardMultiValue::addTextValues(const TextList& texts) {
 }
 
 bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* formatter) {
+  changed();
   if (formatter == nullptr) {
     fatalError("Formatter is nil");
   }
@@ -46,19 +54,24 @@ bool VCardMultiValue::parse(TextView text, VersionCode version, DateFormatter* f
     return true;
   }
   const ValueMaker maker = valueMakerFor(*elementType);
+  Arena* const arena = isTextLent() ? Arena::of(*this) : nullptr;
   forEachListPiece(text, [&](TextView piece) {
     std::shared_ptr<VCardValue> element;
     if (maker != nullptr) {
-      element = maker(*elementType, nullptr);
+      element = maker(*elementType, arena);
     } else {
       // Names of types and charsets can be as long as the list: its elements share them.
-      auto extension = std::make_shared<VCardXValue>();
+      auto extension = makeIn<VCardXValue>(arena);
       extension->m_type = m_elementType;
       element = std::move(extension);
     }
     element->m_charset = m_charset;
     element->setQuotedPrintable(quotedPrintable());
-    element->parse(trimWhitespace(piece), version, formatter);
+    if (arena != nullptr) {
+      ValueReading::parseLent(*element, trimWhitespace(piece), version, formatter);
+    } else {
+      element->parse(trimWhitespace(piece), version, formatter);
+    }
     appendElement(std::move(element));
   });
   return true;

@@ -17,6 +17,7 @@ bool VCardNValue::isEmpty() const noexcept {
 }
 
 bool VCardNValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
+  changed();
   readSlots(m_slots, text, *this);
   return true;
 }

@@ -11,6 +11,7 @@ std::optional<TextView> VCardOrgValue::type() const noexcept {
 }
 
 bool VCardOrgValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
+  changed();
   ComponentWalker walker(text);
   while (!walker.atEnd()) {
     m_parts.push_back(

@@ -49,6 +49,7 @@ std::optional<TextView> VCardXValue::type() const noexcept {
 }
 
 bool VCardTextValue::parse(TextView text, VersionCode /*version*/, DateFormatter* /*formatter*/) {
+  changed();
   if (!quotedPrintable() && !charset() && text.find(u'\\') == TextView::npos) {
     m_text = isTextLent() ? detail::TextStorage::lend(text) : detail::TextStorage(text);
   } else {

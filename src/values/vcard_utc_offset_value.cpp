@@ -38,6 +38,7 @@ std::optional<TextView> VCardUTCOffsetValue::type() const noexcept {
 
 bool VCardUTCOffsetValue::parse(TextView text, VersionCode /*version*/,
                                 DateFormatter* /*formatter*/) {
+  changed();
   m_source.assign(isOrdinaryOffset(text) ? std::nullopt : std::optional(text));
   const auto firstDigit = std::find_if(text.begin(), text.end(), isAsciiDigit);
   const auto signLength = static_cast<std::size_t>(firstDigit - text.begin());

@@ -280,7 +280,7 @@ void stateVersion(VCard& card) {
 
 void removeUnpromised(VCard& card) {
   for (const auto& [key, list] : card.propertyDict()) {
-    std::erase_if(*list, [](const std::shared_ptr<VCardProperty>& property) {
+    erase_if(*list, [](const std::shared_ptr<VCardProperty>& property) {
       const Text line = lineOf(property);
       return containsIgnoringCase(line, u"x-addressbookserver-") || line.find(u"&#") != Text::npos;
     });

@@ -96,7 +96,7 @@ std::optional<Unwritable> whyUnwritable(const VCardProperty& property, VersionCo
 std::size_t removeUnwritable(VCard& card, VersionCode version) {
   std::size_t removed = 0;
   for (const auto& [key, list] : card.propertyDict()) {
-    removed += std::erase_if(*list, [version](const std::shared_ptr<VCardProperty>& property) {
+    removed += erase_if(*list, [version](const std::shared_ptr<VCardProperty>& property) {
       return whyUnwritable(*property, version).has_value();
     });
     if (list->empty()) {

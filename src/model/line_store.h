@@ -9,7 +9,7 @@
 namespace cardwright::detail {
 
 /// The content lines that cards are made of, and what they are views of. The cards of a text share
-/// it until each has read its lines.
+/// it.
 struct LineStore {
   Text text;                      ///< never changes its place
   std::forward_list<Text> copies; ///< lines that are no part of the text

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "cardwright/detail/change_mark.h"
+#include "cardwright/vcard_property.h"
+
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace cardwright {
+
+/// Properties in the order in which they were added, null among them where somebody added it. Like
+/// a std::vector of constants: what stands in the list is replaced by its own operations only, so
+/// that the card it belongs to knows. The properties themselves may be changed.
+class VCardPropertyList {
+ public:
+  using value_type = std::shared_ptr<VCardProperty>;
+  using size_type = std::size_t;
+  using const_reference = const value_type&;
+  using const_iterator = std::vector<value_type>::const_iterator;
+  using reference = const_reference;
+  using iterator = const_iterator;
+
+  VCardPropertyList() = default;
+  VCardPropertyList(std::initializer_list<value_type> properties) : m_properties(properties) {}
+  /// So many times the same property.
+  VCardPropertyList(size_type count, const value_type& property) : m_properties(count, property) {}
+  /// A copy belongs to no card.
+  VCardPropertyList(const VCardPropertyList& other) : m_properties(other.m_properties) {}
+  VCardPropertyList(VCardPropertyList&& other) noexcept
+      : m_properties(std::move(other.m_properties)) {
+    other.changed();
+  }
+  VCardPropertyList& operator=(const VCardPropertyList& other) {
+    changed();
+    m_properties = other.m_properties;
+    return *this;
+  }
+  VCardPropertyList& operator=(VCardPropertyList&& other) noexcept {
+    changed();
+    other.changed();
+    m_properties = std::move(other.m_properties);
+    return *this;
+  }
+  ~VCardPropertyList() = default;
+
+  [[nodiscard]] bool empty() const noexcept { return m_properties.empty(); }
+  [[nodiscard]] size_type size() const noexcept { return m_properties.size(); }
+  [[nodiscard]] const_iterator begin() const noexcept { return m_properties.begin(); }
+  [[nodiscard]] const_iterator end() const noexcept { return m_properties.end(); }
+  [[nodiscard]] const value_type* data() const noexcept { return m_properties.data(); }
+  [[nodiscard]] const_reference operator[](size_type index) const noexcept {
+    return m_properties[index];
+  }
+  /// @throws std::out_of_range where there is no such property
+  [[nodiscard]] const_reference at(size_type index) const { return m_properties.at(index); }
+  [[nodiscard]] const_reference front() const noexcept { return m_properties.front(); }
+  [[nodiscard]] const_reference back() const noexcept { return m_properties.back(); }
+
+  void push_back(value_type property) {
+    changed();
+    m_properties.push_back(std::move(property));
+  }
+  /// Puts the property in the place of another one.
+  void replace(size_type index, value_type property) {
+    changed();
+    m_properties[index] = std::move(property);
+  }
+  const_iterator insert(const_iterator before, value_type property) {
+    changed();
+    return m_properties.insert(before, std::move(property));
+  }
+  template <typename Iterator>
+  const_iterator insert(const_iterator before, Iterator first, Iterator last) {
+    changed();
+    return m_properties.insert(before, first, last);
+  }
+  const_iterator erase(const_iterator property) {
+    changed();
+    return m_properties.erase(property);
+  }
+  const_iterator erase(const_iterator first, const_iterator last) {
+    changed();
+    return m_properties.erase(first, last);
+  }
+  void pop_back() {
+    changed();
+    m_properties.pop_back();
+  }
+  void clear() noexcept {
+    changed();
+    m_properties.clear();
+  }
+
+  /// Removes the properties for which the test is true, and tells how many.
+  template <typename Test>
+  friend size_type erase_if(VCardPropertyList& list, Test test) {
+    const size_type removed = std::erase_if(list.m_properties, test);
+    if (removed != 0) {
+      list.changed();
+    }
+    return removed;
+  }
+
+  friend bool operator==(const VCardPropertyList& a, const VCardPropertyList& b) {
+    return a.m_properties == b.m_properties;
+  }
+
+ private:
+  friend class Arena;
+
+  void changed() noexcept {
+    if (m_changes != nullptr) {
+      m_changes->set();
+    }
+  }
+
+  std::vector<value_type> m_properties;
+  detail::ChangeMark* m_changes = nullptr; ///< of the card that this was read for
+};
+
+} // namespace cardwright
