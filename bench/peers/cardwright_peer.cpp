@@ -29,19 +29,20 @@ class Cardwright : public peers::Peer {
   peers::Recovered write() override {
     constexpr VersionCode kVersion = 3;
     DateFormatter formatter;
-    std::string output;
+    m_output.clear();
     Text text;
     for (const auto& card : m_cards) {
       text.clear();
       card->generate(text, kVersion, &formatter);
-      appendUtf8(output, text);
+      appendUtf8(m_output, text);
     }
-    return {m_cards.size(), output.size()};
+    return {m_cards.size(), m_output.size()};
   }
 
  private:
   ReadOptions m_options;
   VCardList m_cards;
+  std::string m_output;
 };
 
 } // namespace

@@ -65,17 +65,18 @@ class Evcard : public peers::Peer {
   void prepareWriting(const std::string& bytes) override { m_cards = cardsOf(bytes); }
 
   peers::Recovered write() override {
-    std::string output;
+    m_output.clear();
     for (const Card& card : m_cards) {
       char* text = e_vcard_to_string(card.get(), EVC_FORMAT_VCARD_30);
-      output.append(text);
+      m_output.append(text);
       g_free(text);
     }
-    return {m_cards.size(), output.size()};
+    return {m_cards.size(), m_output.size()};
   }
 
  private:
   std::vector<Card> m_cards;
+  std::string m_output;
 };
 
 } // namespace

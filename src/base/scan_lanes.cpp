@@ -176,7 +176,29 @@ std::size_t mostUtf8BytesPlainly(TextView text) noexcept {
   return bytes;
 }
 
+char16_t unitedPlainly(TextView text) noexcept {
+  unsigned united = 0;
+  for (const char16_t unit : text) {
+    united |= unit;
+  }
+  return static_cast<char16_t>(united);
+}
+
 #if defined(__SSE2__)
+
+char16_t united(TextView text) noexcept {
+  if (text.size() < kBlock) {
+    return unitedPlainly(text);
+  }
+  __m128i all = loadUnits(text.data() + text.size() - kBlock);
+  for (std::size_t at = 0; text.size() - at > kBlock; at += kBlock) {
+    all = _mm_or_si128(all, loadUnits(text.data() + at));
+  }
+  all = _mm_or_si128(all, _mm_srli_si128(all, 8));
+  all = _mm_or_si128(all, _mm_srli_si128(all, 4));
+  all = _mm_or_si128(all, _mm_srli_si128(all, 2));
+  return static_cast<char16_t>(_mm_extract_epi16(all, 0));
+}
 
 /// How many bytes of UTF-8 a block of units takes.
 std::size_t utf8BytesOf(__m128i units) noexcept {
@@ -291,24 +313,35 @@ std::size_t findEither(TextView text, std::size_t begin, char one, char other) n
   return findEitherPlainly(text, begin, one, other);
 }
 
-std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
+/// One bit, twice, for each unplain unit of the block at `at`.
+Bits unplainUnits(TextView text, std::size_t at) noexcept {
   const auto all = [](int unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
   // With the highest bit turned around, signed comparisons give the order of units.
   const auto turned = [&](int unit) { return all(unit ^ 0x8000); };
+  const __m128i units = loadUnits(text.data() + at);
+  const __m128i ordered = _mm_xor_si128(units, all(0x8000));
+  const __m128i outside = _mm_or_si128(_mm_cmplt_epi16(ordered, turned(u' ')),
+                                       _mm_cmpgt_epi16(ordered, turned(kFirstUncertain - 1)));
+  const __m128i signs = _mm_or_si128(
+      _mm_or_si128(_mm_cmpeq_epi16(units, all(u',')), _mm_cmpeq_epi16(units, all(u';'))),
+      _mm_or_si128(_mm_cmpeq_epi16(units, all(u'\\')), _mm_cmpeq_epi16(units, all(0x7F))));
+  return static_cast<Bits>(_mm_movemask_epi8(_mm_or_si128(outside, signs)));
+}
+
+std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   for (; text.size() - begin >= kBlock; begin += kBlock) {
-    const __m128i units = loadUnits(text.data() + begin);
-    const __m128i ordered = _mm_xor_si128(units, all(0x8000));
-    const __m128i outside = _mm_or_si128(_mm_cmplt_epi16(ordered, turned(u' ')),
-                                         _mm_cmpgt_epi16(ordered, turned(kFirstUncertain - 1)));
-    const __m128i signs = _mm_or_si128(
-        _mm_or_si128(_mm_cmpeq_epi16(units, all(u',')), _mm_cmpeq_epi16(units, all(u';'))),
-        _mm_or_si128(_mm_cmpeq_epi16(units, all(u'\\')), _mm_cmpeq_epi16(units, all(0x7F))));
-    const auto found = static_cast<Bits>(_mm_movemask_epi8(_mm_or_si128(outside, signs)));
+    const Bits found = unplainUnits(text, begin);
     if (found != 0) {
       return begin + firstOf(found) / 2;
     }
   }
-  return findUnplainPlainly(text, begin);
+  if (text.size() < kBlock) {
+    return findUnplainPlainly(text, begin);
+  }
+  // The last block once more, without the units that were looked at.
+  const std::size_t last = text.size() - kBlock;
+  const Bits found = unplainUnits(text, last) >> 2 * (begin - last);
+  return found != 0 ? begin + firstOf(found) / 2 : text.size();
 }
 
 std::size_t findDoubleCr(TextView text) noexcept {
@@ -327,6 +360,10 @@ std::size_t findDoubleCr(TextView text) noexcept {
 }
 
 #else
+
+char16_t united(TextView text) noexcept {
+  return unitedPlainly(text);
+}
 
 std::size_t mostUtf8Bytes(TextView text) noexcept {
   return mostUtf8BytesPlainly(text);

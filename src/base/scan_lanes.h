@@ -44,6 +44,10 @@ struct HeaderMarks {
 [[nodiscard]] std::size_t mostUtf8Bytes(TextView text) noexcept;
 [[nodiscard]] std::size_t mostUtf8BytesPlainly(TextView text) noexcept;
 
+/// All bits that any unit of the text has.
+[[nodiscard]] char16_t united(TextView text) noexcept;
+[[nodiscard]] char16_t unitedPlainly(TextView text) noexcept;
+
 /// How many units from `begin` on surely fit into so many bytes of UTF-8: the last ones may be left
 /// to be counted one by one. Stops in front of halves of pairs.
 /// @param bytes is made what the units leave of it

@@ -3,7 +3,9 @@
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_utilities.h"
 #include "cardwright/vocabulary.h"
+#include "writer/companions.h"
 #include "writer/order.h"
+#include "writer/unchanged/card.h"
 
 #include <algorithm>
 #include <array>
@@ -75,9 +77,6 @@ class GroupIndex {
   std::vector<FoldedMember> m_sorted; ///< only of many
 };
 
-constexpr TextView kLabelKey = u"X-ABLABEL";
-constexpr TextView kAddressFormatKey = u"X-ABADR";
-
 const VCardPropertyList*
 propertiesIn(const detail::KeyedList<std::shared_ptr<VCardPropertyList>>& store, TextView key) {
   const std::shared_ptr<VCardPropertyList>* list = store.find(key);
@@ -91,11 +90,6 @@ bool isCompanion(const VCardProperty& property) {
   return !name.empty() && asciiUpper(name.front()) == u'X' &&
          (equalIgnoringCase(name, cVCardProperty_X_ABLabel) ||
           equalIgnoringCase(name, cVCardProperty_X_ABADR));
-}
-
-bool isEmptyPhoto(const VCardProperty& property) {
-  return property.name() == cVCardProperty_PHOTO &&
-         property.textValue().value_or(TextView()).empty();
 }
 
 /// A processor that is told so fetches several places of memory at a time; otherwise the walk along
@@ -154,6 +148,9 @@ TextList VCard::propertiesInSortOrder() const {
 
 void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
   const PropertyStore& store = properties();
+  if (isUnchanged() && appendUnchanged(output, m_lines, store, version, formatter)) {
+    return;
+  }
   fetchProperties(store);
   const GroupIndex labels(propertiesIn(store, kLabelKey));
   const GroupIndex addressFormats(propertiesIn(store, kAddressFormatKey));

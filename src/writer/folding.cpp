@@ -123,12 +123,30 @@ void appendFolded(Text& output, TextView line) {
   }
 }
 
+namespace {
+
+bool fitsIntoOne(TextView line) noexcept {
+  if (line.size() <= kLineBytes / 3 || line.size() > kLineBytes) {
+    return line.size() <= kLineBytes / 3; // No unit takes more than three bytes.
+  }
+  const char16_t bits = united(line);
+  return isAscii(bits) || (bits < 0x800 && line.size() <= kLineBytes / 2) ||
+         mostUtf8Bytes(line) <= kLineBytes || utf8Length(line) <= kLineBytes;
+}
+
+} // namespace
+
+void appendLine(Text& output, TextView line) {
+  if (fitsIntoOne(line)) {
+    output.append(line).append(kCrLf);
+  } else {
+    appendFolded(output, line);
+  }
+}
+
 void foldTail(Text& text, std::size_t begin) {
   const TextView line = TextView(text).substr(begin);
-  const bool fits = line.size() <= kLineBytes &&
-                    (line.size() <= kLineBytes / 3 || mostUtf8Bytes(line) <= kLineBytes ||
-                     utf8Length(line) <= kLineBytes);
-  if (fits) {
+  if (fitsIntoOne(line)) {
     text.append(kCrLf);
     return;
   }

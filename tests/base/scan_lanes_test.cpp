@@ -30,6 +30,7 @@ TEST(ScanLanes, findWhatThePlainFormsFind) {
     ASSERT_EQ(marksOfHeader(text, begin), marksOfHeaderPlainly(text, begin));
     ASSERT_EQ(marksOfValue(text, begin), marksOfValuePlainly(text, begin));
     ASSERT_EQ(mostUtf8Bytes(text), mostUtf8BytesPlainly(text));
+    ASSERT_EQ(united(text), unitedPlainly(text));
     ASSERT_EQ(findUnplain(text, begin), findUnplainPlainly(text, begin));
     ASSERT_EQ(endOfLine(text, begin), findEitherPlainly(text, begin, '\r', '\n'));
     ASSERT_EQ(findEither(text, begin, '"', ':'), findEitherPlainly(text, begin, '"', ':'));

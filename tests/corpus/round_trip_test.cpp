@@ -1,5 +1,6 @@
 #include "cardwright/decode.h"
 #include "support/address_book.h"
+#include "support/afresh.h"
 #include "support/corpus_test.h"
 #include "support/round_trip.h"
 #include "support/seed.h"
@@ -38,6 +39,9 @@ TEST_F(CorpusRoundTrip, keepsCards) {
     SCOPED_TRACE(file.string());
     const auto cards = VCard::vCardsFromString(decodeFile(bytesOf(file)));
     for (const auto& card : cards.value()) {
+      for (const VersionCode version : {2, 3, 4}) {
+        EXPECT_EQ(generated(*card, version), generatedAfresh(*card, version));
+      }
       const RoundTrip trip = roundTrip(*card);
       tally.add(trip);
       EXPECT_EQ(trip.surprises, "");

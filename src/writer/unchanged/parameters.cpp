@@ -1,0 +1,206 @@
+#include "writer/unchanged/parameters.h"
+
+#include "base/ascii.h"
+#include "cardwright/vocabulary.h"
+#include "writer/unchanged/names.h"
+#include "writer/unchanged/words.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace cardwright {
+
+namespace {
+
+/// The name of a parameter, of which several items may follow each other.
+struct ParameterName {
+  TextView name; ///< upper-cased where it is well-known
+  std::uint64_t order;
+
+  friend bool operator==(const ParameterName& a, const ParameterName& b) noexcept {
+    return a.order == b.order && equalUpper(a.name, b.name);
+  }
+
+  [[nodiscard]] static bool equalUpper(TextView a, TextView b) noexcept {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char16_t one, char16_t other) {
+             return asciiUpper(one) == asciiUpper(other);
+           });
+  }
+};
+
+/// One value of a parameter, as it stands in the line.
+struct Item {
+  ParameterName parameter;
+  TextView value;
+  bool needsQuotes;
+};
+
+/// The items of a line in the order in which they are written.
+class Items {
+ public:
+  /// False when there are too many, or two names about whose order their first units say nothing.
+  bool add(const Item& item) {
+    if (m_count == m_items.size()) {
+      return false;
+    }
+    std::size_t place = m_count;
+    for (; place > 0 && item.parameter.order <= m_items[place - 1].parameter.order; --place) {
+      if (item.parameter.order == m_items[place - 1].parameter.order) {
+        if (item.parameter == m_items[place - 1].parameter) {
+          break;
+        }
+        return false;
+      }
+      m_items[place] = m_items[place - 1];
+    }
+    m_items[place] = item;
+    ++m_count;
+    return true;
+  }
+
+  [[nodiscard]] const Item* begin() const noexcept { return m_items.data(); }
+  [[nodiscard]] const Item* end() const noexcept { return m_items.data() + m_count; }
+
+ private:
+  std::array<Item, kMostItems> m_items; // NOLINT: filled as far as m_count tells
+  std::size_t m_count = 0;
+};
+
+class ParameterWriting {
+ public:
+  ParameterWriting(Units& output, TextView line, TextView key, VersionCode version, std::size_t& at,
+                   std::optional<TextView>& statedType) noexcept
+      : m_output(output),
+        m_line(line),
+        m_key(key),
+        m_version(version),
+        m_at(at),
+        m_statedType(statedType) {}
+
+  bool write() {
+    Items items;
+    while (m_line[m_at] == u';') {
+      const ShortWord beginning = shortWordAt(m_line, m_at + 1);
+      const std::size_t end = endOfWord(m_line, m_at + 1, beginning);
+      const TextView word = m_line.substr(m_at + 1, end - m_at - 1);
+      m_at = end;
+      if (word.empty() || end == m_line.size() || !readItems(items, word, beginning)) {
+        return false;
+      }
+    }
+    if (m_line[m_at] != u':') {
+      return false;
+    }
+    for (const Item& item : items) {
+      write(item);
+    }
+    return true;
+  }
+
+ private:
+  /// Takes the values of a parameter from behind its first word, up to what ends it.
+  bool readItems(Items& items, TextView word, ShortWord beginning) {
+    const bool isBare = m_line[m_at] != u'=';
+    if (isBare && (m_line[m_at] == u',' || m_key == cVCardProperty_PHOTO)) {
+      return false; // A bare list is one word, and that of a photo may be an encoding.
+    }
+    const TextView name = isBare ? cVCardParameter_TYPE : word;
+    const NameRow<WrittenName>* known =
+        writtenName(isBare ? shortWordPlainly(name, 0) : beginning, name);
+    Item item{};
+    item.parameter.name = known != nullptr ? known->name : name;
+    item.parameter.order = known != nullptr ? known->value.parameterOrder : orderOfOther(beginning);
+    m_isEncoding = item.parameter.name == cVCardParameter_ENCODING;
+    if (item.parameter.name == cVCardParameter_CHARSET || (m_isEncoding && m_version == 2)) {
+      return false;
+    }
+    if (isBare) {
+      item.value = word;
+      if (!items.add(item)) {
+        return false;
+      }
+    }
+    while (m_line[m_at] == u'=' || m_line[m_at] == u',') {
+      if (!readValue(item) || !items.add(item)) {
+        return false;
+      }
+      if (m_line[m_at] == u'=') {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  /// Takes the value behind the sign at the location.
+  bool readValue(Item& item) {
+    ++m_at;
+    std::size_t end = m_at;
+    item.needsQuotes = false;
+    const bool isQuoted = m_at < m_line.size() && m_line[m_at] == u'"';
+    if (isQuoted) {
+      for (end = ++m_at; end < m_line.size() && m_line[end] != u'"'; ++end) {
+        const char16_t unit = m_line[end];
+        if (unit < u' ' || unit > u'~' || unit == u'^') {
+          return false;
+        }
+        item.needsQuotes = item.needsQuotes || unit == u':' || unit == u';' || unit == u',';
+      }
+    } else {
+      end = endOfWord(m_line, m_at);
+    }
+    item.value = m_line.substr(m_at, end - m_at);
+    m_at = end + (isQuoted ? 1 : 0);
+    if (item.value.empty() || m_at >= m_line.size()) {
+      return false;
+    }
+    if (m_isEncoding && ParameterName::equalUpper(item.value, u"QUOTED-PRINTABLE")) {
+      return false;
+    }
+    if (!m_statedType && item.parameter.name == cVCardParameter_VALUE) {
+      m_statedType = item.value;
+    }
+    return true;
+  }
+
+  void write(const Item& item) {
+    const TextView name = item.parameter.name;
+    const bool isType = name == cVCardParameter_TYPE;
+    m_output.push_back(u';');
+    if (!isType || m_version != 2) {
+      m_output.appendUpper(name);
+      m_output.push_back(u'=');
+    }
+    if (item.needsQuotes) {
+      m_output.push_back(u'"');
+    }
+    const bool isUpperCased =
+        isType || name == cVCardParameter_ENCODING || name == cVCardParameter_VALUE;
+    if (isUpperCased && item.value != cVCardParameter_TYPE_PREF) {
+      m_output.appendUpper(item.value);
+    } else {
+      m_output.append(item.value);
+    }
+    if (item.needsQuotes) {
+      m_output.push_back(u'"');
+    }
+  }
+
+  Units& m_output;
+  TextView m_line;
+  TextView m_key;
+  VersionCode m_version;
+  std::size_t& m_at;
+  std::optional<TextView>& m_statedType;
+  bool m_isEncoding = false; ///< whether this is the parameter that is being read
+};
+
+} // namespace
+
+bool rewriteParameters(Units& output, TextView line, TextView key, VersionCode version,
+                       std::size_t& at, std::optional<TextView>& statedType) {
+  return ParameterWriting(output, line, key, version, at, statedType).write();
+}
+
+} // namespace cardwright

@@ -1,0 +1,68 @@
+#include "support/combinations.h"
+#include "support/rewritten_line.h"
+#include "support/time_growth.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace cardwright {
+namespace {
+
+constexpr std::size_t kLongest = kTimesAreMeaningful ? 4 : 3;
+
+/// Tries every short text of the alphabet between the two, in all versions.
+/// @returns how many were rewritten
+std::size_t tryBetween(TextView before, TextView alphabet, TextView after) {
+  std::size_t rewritten = 0;
+  forEachCombination(Text(alphabet), kLongest, [&](const Text& text) {
+    const Text line = Text(before).append(text).append(after);
+    for (const VersionCode readAs : {0, 2, 3, 4}) {
+      for (const VersionCode version : {2, 3, 4}) {
+        if (!testing::Test::HasFailure()) {
+          rewritten += rewritesLikeItsProperty(line, readAs, version) ? 1 : 0;
+        }
+      }
+    }
+  });
+  return rewritten;
+}
+
+class RewrittenValue : public testing::TestWithParam<TextView> {};
+
+TEST_P(RewrittenValue, isThatOfTheProperty) {
+  EXPECT_GT(tryBetween(GetParam(), u"\\,;nr a\t\u00E9\u2028\xD83D\xDE00\u0001", u""), 0U);
+  EXPECT_GT(tryBetween(Text(GetParam()) + u"abcdefg\\,", u"\\,;N x", u",h;i\u3042"), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenValue,
+                         testing::Values(u"FN:", u"N:", u"ADR:", u"ORG:", u"NICKNAME:", u"URL:",
+                                         u"PHOTO:", u"X-OWN:", u"BDAY;VALUE=text:"));
+
+class RewrittenNumbers : public testing::TestWithParam<TextView> {};
+
+TEST_P(RewrittenNumbers, areThoseOfTheProperty) {
+  static_cast<void>(tryBetween(GetParam(), u"01-+:.;,TZ9", u""));
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenNumbers,
+                         testing::Values(u"REV:2024-02-2", u"REV:20240229T1213", u"BDAY:",
+                                         u"BDAY:1", u"BDAY:2024-0", u"TZ:", u"TZ:+", u"TZ:-0",
+                                         u"GEO:", u"GEO:1.123456;", u"GEO:1.12345",
+                                         u"X-ABDATE:2023-02-2", u"ANNIVERSARY:20240101T101010"));
+
+class RewrittenHeader : public testing::TestWithParam<TextView> {};
+
+TEST_P(RewrittenHeader, isThatOfTheProperty) {
+  EXPECT_GT(tryBetween(GetParam(), u";,:=\".a-B ^", u":1"), 0U);
+  EXPECT_GT(tryBetween(GetParam(), u";,:=\".a-B ^", u";VALUE=uri;X-Z=2:1"), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachPlace, RewrittenHeader,
+                         testing::Values(u"", u"A.TEL", u"TEL", u"TEL;TYPE", u"TEL;TYPE=",
+                                         u"EMAIL;TYPE=\"", u"PHOTO;", u"TEL;X-P=1;TYPE=pref",
+                                         u"TEL;ENCODING=", u"TEL;VALUE=", u"TEL;CHARSET",
+                                         u"TEL;PREF=1;type=", u"TEL;X-PARAME=1;X-PARA="));
+
+} // namespace
+} // namespace cardwright

@@ -1,0 +1,121 @@
+#include "support/rewritten_line.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace cardwright {
+namespace {
+
+std::optional<Text> rewritten(TextView line, VersionCode readAs, VersionCode version) {
+  ReadLine read{};
+  read.line = line;
+  read.readAs = readAs;
+  const std::optional<std::size_t> units = roomForLine(line);
+  if (!units || !findName(read)) {
+    return std::nullopt;
+  }
+  std::vector<char16_t> room(*units);
+  EXPECT_EQ(rewritesLikeItsProperty(line, readAs, version),
+            asWritten(room.data(), read, version).has_value());
+  const std::optional<TextView> text = asWritten(room.data(), read, version);
+  return text ? std::optional<Text>(*text) : std::nullopt;
+}
+
+TEST(UnchangedLine, findsGroupAndName) {
+  ReadLine read{};
+  read.line = u"item1.X-ABLabel;A=b:c";
+  ASSERT_TRUE(findName(read));
+  EXPECT_TRUE(read.hasGroup());
+  EXPECT_EQ(read.group(), u"item1");
+  EXPECT_EQ(read.key, u"X-ABLABEL");
+  EXPECT_EQ(read.line[read.nameEnd], u';');
+  read.line = u"X-OWN:";
+  ASSERT_TRUE(findName(read));
+  EXPECT_FALSE(read.hasGroup());
+  EXPECT_EQ(read.key, u"X-OWN");
+  for (const TextView line : {u"", u":", u".FN:", u"a.b.FN:", u"X-Own:", u"\"FN\":", u" FN:",
+                              u"F\u0130:", u"FN", u"FN ;A=b:c", u"a.:"}) {
+    read.line = line;
+    EXPECT_FALSE(findName(read)) << testing::PrintToString(line);
+  }
+}
+
+TEST(UnchangedLine, isSpelledAsItIsWritten) {
+  EXPECT_EQ(rewritten(u"fn:Ann", 3, 3), u"FN:Ann");
+  EXPECT_EQ(rewritten(u"i.tel;type=cell,voice;type=pref:  1", 3, 3),
+            u"i.TEL;TYPE=CELL;TYPE=VOICE;TYPE=pref:1");
+  EXPECT_EQ(rewritten(u"TEL;CELL;VOICE:1", 2, 2), u"TEL;CELL;VOICE:1");
+  EXPECT_EQ(rewritten(u"TEL;CELL;VOICE:1", 2, 4), u"TEL;TYPE=CELL;TYPE=VOICE:1");
+  EXPECT_EQ(rewritten(u"TEL;PREF=1;TYPE=\"voice,home\";VALUE=uri:tel:1", 4, 4),
+            u"TEL;VALUE=URI;TYPE=\"VOICE,HOME\";PREF=1:tel:1");
+  EXPECT_EQ(rewritten(u"NOTE:a, b\\; c\\:d; e\\N", 3, 3), u"NOTE:a\\, b\\; c:d\\; e\\n");
+  EXPECT_EQ(rewritten(u"NOTE:a, b\\; c\\:d; e\\N", 4, 4), u"NOTE:a\\, b; c:d; e\\n");
+  EXPECT_EQ(rewritten(u"N:Doe;Ann,Mary", 3, 4), u"N:Doe;Ann,Mary;;;");
+  EXPECT_EQ(rewritten(u"ADR:;;1 Road\\, 2", 3, 3), u"ADR:;;1 Road\\, 2;;;;");
+  EXPECT_EQ(rewritten(u"ORG:A, B;C", 3, 3), u"ORG:A\\, B;C");
+  EXPECT_EQ(rewritten(u"NICKNAME:a,b;c,", 3, 3), u"NICKNAME:a,b\\;c,");
+  EXPECT_EQ(rewritten(u"REV:20240229T101112Z", 3, 3), u"REV:2024-02-29T10:11:12Z");
+  EXPECT_EQ(rewritten(u"BDAY:1980-02-03", 3, 4), u"BDAY:19800203");
+  EXPECT_EQ(rewritten(u"TZ:-0530", 3, 3), u"TZ:-05:30");
+  EXPECT_EQ(rewritten(u"GEO:1.000000,-20.123456", 3, 3), u"GEO:1.000000;-20.123456");
+  EXPECT_EQ(rewritten(u"PHOTO;ENCODING=b;TYPE=JPEG:/9j/", 3, 3),
+            u"PHOTO;ENCODING=B;TYPE=JPEG:/9j/");
+}
+
+TEST(UnchangedLine, isLeftToItsPropertyWhereItsTextsHaveToBeKnown) {
+  for (const TextView line : {u"FN;ENCODING=QUOTED-PRINTABLE:=41",
+                              u"FN;CHARSET=UTF-8:a",
+                              u"FN:a\\",
+                              u"FN:a\\r",
+                              u"FN:\u0001",
+                              u"FN:\xD800",
+                              u"PHOTO:",
+                              u"PHOTO;BASE64:AAAA",
+                              u"N:a;b;c;d;e;f",
+                              u"N: a ; b",
+                              u"N:a,;b",
+                              u"NICKNAME:a ,b",
+                              u"BDAY:--0203",
+                              u"BDAY:2023-02-29",
+                              u"REV:2024-01-01T10:11:12+01:00",
+                              u"TZ:-00:00",
+                              u"TZ:Europe/Rome",
+                              u"GEO:1.5;2.5",
+                              u"GEO:01.123456;1.123456",
+                              u"GENDER:M",
+                              u"TEL;TYPE=a^nb:1",
+                              u"TEL;TYPE=\"a\" b:1",
+                              u"TEL;A,B:1",
+                              u"TEL;TYPE=:1",
+                              u"TEL;X-\u00E9=1:1",
+                              u"TEL;X-PARAMETER=1;X-PARAMETRE=2:1"}) {
+    for (const VersionCode version : {3, 4}) {
+      EXPECT_EQ(rewritten(line, 3, version), std::nullopt) << testing::PrintToString(line);
+    }
+  }
+  EXPECT_EQ(rewritten(u"PHOTO;ENCODING=BASE64;TYPE=JPEG:/9j/", 2, 2), std::nullopt);
+  EXPECT_EQ(rewritten(u"TEL;A=1;B=1;C=1;D=1;E=1;F=1;G=1;H=1;I=1;J=1;K=1;L=1;M=1:1", 3, 3),
+            std::nullopt);
+}
+
+TEST(UnchangedLine, isLeftToItsPropertyWhereItsHeaderIsVeryLong) {
+  EXPECT_FALSE(roomForLine(u"TEL;X-P=" + Text(505, u'a') + u":1"));
+  EXPECT_FALSE(roomForLine(Text(1000, u'a')));
+  EXPECT_TRUE(roomForLine(u"NOTE:" + Text(100'000, u'a')));
+  EXPECT_LE(*roomForLine(Text(128, u'a')), kOrdinaryRoom);
+}
+
+TEST(UnchangedLine, hasRoomForTheLongestSpellings) {
+  for (const std::size_t length : {1U, 20U, 100U, 127U, 128U, 129U, 450U}) {
+    const Text name(length, u'x');
+    const Text list = u"a,b,c,d,e,f,g,h,i,j,k,l";
+    EXPECT_TRUE(rewritten(u"TEL;" + name + u"=" + list + u":1", 3, 3));
+    EXPECT_TRUE(rewritten(u"NOTE:" + Text(length, u','), 3, 3));
+    EXPECT_TRUE(rewritten(u"N:" + name, 3, 3));
+    EXPECT_TRUE(rewritten(u"TEL;" + name + u";A;A;A;A;A;A;A;A;A;A;A:1", 2, 3));
+  }
+}
+
+} // namespace
+} // namespace cardwright
