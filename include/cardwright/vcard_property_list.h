@@ -34,14 +34,18 @@ class VCardPropertyList {
     other.changed();
   }
   VCardPropertyList& operator=(const VCardPropertyList& other) {
-    changed();
-    m_properties = other.m_properties;
+    if (this != &other) {
+      changed();
+      m_properties = other.m_properties;
+    }
     return *this;
   }
   VCardPropertyList& operator=(VCardPropertyList&& other) noexcept {
-    changed();
-    other.changed();
-    m_properties = std::move(other.m_properties);
+    if (this != &other) {
+      changed();
+      other.changed();
+      m_properties = std::move(other.m_properties);
+    }
     return *this;
   }
   ~VCardPropertyList() = default;

@@ -13,7 +13,7 @@ bool VCard::isUnchanged() const noexcept {
   return m_lines.arena != nullptr && !m_lines.arena->isSet();
 }
 
-void VCard::changed() noexcept {
+void VCard::changed() noexcept { // NOLINT: not const, the card is another one
   if (m_lines.arena != nullptr) {
     m_lines.arena->set();
   }

@@ -110,7 +110,7 @@ TEST(UnchangedLine, hasRoomForTheLongestSpellings) {
   for (const std::size_t length : {1U, 20U, 100U, 127U, 128U, 129U, 450U}) {
     const Text name(length, u'x');
     const Text list = u"a,b,c,d,e,f,g,h,i,j,k,l";
-    EXPECT_TRUE(rewritten(u"TEL;" + name + u"=" + list + u":1", 3, 3));
+    EXPECT_TRUE(rewritten((u"TEL;" + name).append(u"=").append(list).append(u":1"), 3, 3));
     EXPECT_TRUE(rewritten(u"NOTE:" + Text(length, u','), 3, 3));
     EXPECT_TRUE(rewritten(u"N:" + name, 3, 3));
     EXPECT_TRUE(rewritten(u"TEL;" + name + u";A;A;A;A;A;A;A;A;A;A;A:1", 2, 3));

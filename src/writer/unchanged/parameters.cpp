@@ -136,11 +136,12 @@ class ParameterWriting {
   /// Takes the value behind the sign at the location.
   bool readValue(Item& item) {
     ++m_at;
-    std::size_t end = m_at;
     item.needsQuotes = false;
     const bool isQuoted = m_at < m_line.size() && m_line[m_at] == u'"';
+    m_at += isQuoted ? 1 : 0;
+    std::size_t end = m_at;
     if (isQuoted) {
-      for (end = ++m_at; end < m_line.size() && m_line[end] != u'"'; ++end) {
+      for (; end < m_line.size() && m_line[end] != u'"'; ++end) {
         const char16_t unit = m_line[end];
         if (unit < u' ' || unit > u'~' || unit == u'^') {
           return false;
