@@ -141,36 +141,38 @@ __m128i highHalf(__m128i bytes) noexcept {
   return _mm_unpackhi_epi8(bytes, _mm_setzero_si128());
 }
 
+// Blocks follow each other without waiting for what the one before held: a character that goes on
+// behind its block is made at once, of bytes that the next block has to find sound.
 CARDWRIGHT_SHUFFLING DecodedRun decodeShuffling(std::string_view utf8, char16_t* output,
                                                 std::size_t room) noexcept {
+  constexpr Bits kAll = 0xFFFF;
   std::size_t at = 0;
   std::size_t units = 0;
+  Bits pending = 0;     // Which bytes of the next block go on with the last character.
+  std::size_t tail = 0; // How many bytes of that character were taken.
   while (utf8.size() - at >= kByteLanes + 2 && room - units >= kByteLanes) {
     const char* const begin = utf8.data() + at;
     const __m128i first = load(begin);
     __m128i low = lowHalf(first);
     __m128i high = highHalf(first);
     const Bits beyondAscii = bits(first);
-    if (beyondAscii == 0) {
+    if ((beyondAscii | pending) == 0) {
       store(output + units, low);
       store(output + units + kByteLanes / 2, high);
       at += kByteLanes;
       units += kByteLanes;
       continue;
     }
-    // A character begins at the first byte, so all leads of the bytes behind it are here.
     const Bits leads = atLeast(first, 0xC0);
     const Bits leadsOfTriples = atLeast(first, 0xE0);
     // Characters of four bytes begin with 0xF0 and above; neither 0xC0 nor 0xC1 begins anything.
     const Bits unknown = atLeast(first, 0xF0) | (leads & ~atLeast(first, 0xC2));
-    // The last character may go on behind these bytes: it waits for the next round.
-    const Bits cut = unknown | (leads & 0x8000U) | (leadsOfTriples & 0x4000U);
-    const Bits firstCut = cut & (0U - cut);
-    const Bits whole = (firstCut - 1U) & 0xFFFFU;
+    const Bits firstUnknown = unknown & (0U - unknown);
+    const Bits whole = (firstUnknown - 1U) & kAll;
     const Bits continuations = beyondAscii & ~leads;
-    const Bits expected = (leads << 1U) | (leadsOfTriples << 2U);
-    // What stands at the cut must not be missing to the character before it.
-    if (whole == 0 || ((continuations ^ expected) & (whole | firstCut)) != 0) {
+    const Bits expected = (leads << 1U) | (leadsOfTriples << 2U) | pending;
+    // What stands at the unknown must not be missing to the character before it.
+    if (whole == 0 || ((continuations ^ expected) & (whole | firstUnknown)) != 0) {
       break;
     }
     const Bits kept = whole & ~continuations;
@@ -187,9 +189,15 @@ CARDWRIGHT_SHUFFLING DecodedRun decodeShuffling(std::string_view utf8, char16_t*
     }
     units += storeKept(output + units, low, kept & 0xFFU);
     units += storeKept(output + units, high, kept >> 8U);
-    at += static_cast<std::size_t>(std::popcount(whole));
+    if (unknown != 0) {
+      return {at + static_cast<std::size_t>(std::popcount(whole)), units};
+    }
+    pending = expected >> kByteLanes;
+    tail = pending == 0 ? 0 : (leadsOfTriples & 0x4000U) != 0 ? 2 : 1;
+    at += kByteLanes;
   }
-  return {at, units};
+  // The last character may lack what goes on with it.
+  return {at - tail, units - (tail != 0 ? 1 : 0)};
 }
 
 /// Writes eight units of at most two bytes each.
