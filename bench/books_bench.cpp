@@ -65,6 +65,17 @@ void write(benchmark::State& state, const std::string& bytes) {
   }
 }
 
+void writeChanged(benchmark::State& state, const std::string& bytes) {
+  const auto cards = readCards(bytes);
+  for (const auto& card : cards) {
+    card->addProperty(VCardProperty::propertyWithName(u"X-OWN", TextView(u"changed")));
+  }
+  static_cast<void>(contentOf(cards));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(writtenBytes(cards));
+  }
+}
+
 /// A yardstick: ICU makes UTF-16 of the bytes, and nothing else.
 void transcode(benchmark::State& state, const std::string& bytes) {
   for (auto _ : state) {
@@ -114,6 +125,7 @@ constexpr Task kTasks[] = {
     {"clean", clean},
     {"clean with every third card damaged", cleanDamaged},
     {"write", write},
+    {"write changed cards", writeChanged},
 };
 
 [[maybe_unused]] const bool kRegistered = [] {
