@@ -148,7 +148,9 @@ TextList VCard::propertiesInSortOrder() const {
 
 void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
   const PropertyStore& store = properties();
-  if (isUnchanged() && appendUnchanged(output, m_lines, store, version, formatter)) {
+  // Without a formatter, dates stop the process.
+  if (formatter != nullptr && isUnchanged() &&
+      appendUnchanged(output, m_lines, store, version, formatter)) {
     return;
   }
   fetchProperties(store);

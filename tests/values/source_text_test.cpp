@@ -41,8 +41,8 @@ TEST(SourceText, knowsOrdinaryDates) {
     EXPECT_FALSE(isOrdinaryDateTime(text));
   }
   for (const TextView text :
-       {u"", u"2024", u"2023-02-29", u"20240431", u"2024-13-01", u"2024-0101", u"202401-01", u"1582-01-01",
-        u"2024-01-01 ", u"--0101", u"2024-01-00"}) {
+       {u"", u"2024", u"2023-02-29", u"20240431", u"2024-13-01", u"2024-0101", u"202401-01",
+        u"1582-01-01", u"2024-01-01 ", u"--0101", u"2024-01-00"}) {
     EXPECT_FALSE(isOrdinaryDate(text));
   }
   for (const TextView text : {u"2024-01-01T10:00:00Z", u"20240101T100000", u"20240101T100000+0530",

@@ -88,6 +88,11 @@ TEST(UnchangedCard, isWrittenAsItsPropertiesAreHoweverStrange) {
   }
 }
 
+TEST(UnchangedCardDeathTest, needsAFormatterForItsDatesAllTheSame) {
+  Text output;
+  EXPECT_DEATH(card()->generate(output, 3, nullptr), "Date formatter is nil!");
+}
+
 TEST(UnchangedCard, mayHaveAnyNumberOfLines) {
   for (const std::size_t count : {0U, 1U, 62U, 63U, 64U, 65U, 200U}) {
     Text text = u"BEGIN:VCARD\r\nVERSION:3.0\r\n";
