@@ -40,7 +40,7 @@ TEST_F(CorpusRoundTrip, keepsCards) {
     const auto cards = VCard::vCardsFromString(decodeFile(bytesOf(file)));
     for (const auto& card : cards.value()) {
       for (const VersionCode version : {2, 3, 4}) {
-        EXPECT_EQ(generated(*card, version), generatedAfresh(*card, version));
+        EXPECT_EQ(written(*card, version), writtenAfresh(*card, version));
       }
       const RoundTrip trip = roundTrip(*card);
       tally.add(trip);

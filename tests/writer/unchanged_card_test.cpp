@@ -41,18 +41,18 @@ std::shared_ptr<Value> valueOf(const VCard& card, TextView name) {
 void expectWritten(const std::function<void(VCard&)>& change) {
   const auto unchanged = card();
   const auto changed = card();
-  EXPECT_EQ(generated(*changed, 3), generated(*unchanged, 3));
+  EXPECT_EQ(written(*changed, 3), written(*unchanged, 3));
   change(*changed);
   for (const VersionCode version : {2, 3, 4}) {
-    EXPECT_EQ(generated(*changed, version), generatedAfresh(*changed, version));
-    EXPECT_NE(generated(*changed, version), generated(*unchanged, version));
+    EXPECT_EQ(written(*changed, version), writtenAfresh(*changed, version));
+    EXPECT_NE(written(*changed, version), written(*unchanged, version));
   }
 }
 
 void expectAfresh(const VCardList& cards) {
   for (const auto& card : cards) {
     for (const VersionCode version : {0, 2, 3, 4, 5}) {
-      ASSERT_EQ(generated(*card, version), generatedAfresh(*card, version));
+      ASSERT_EQ(written(*card, version), writtenAfresh(*card, version));
     }
   }
 }
