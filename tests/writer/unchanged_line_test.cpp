@@ -106,6 +106,14 @@ TEST(UnchangedLine, isLeftToItsPropertyWhereItsHeaderIsVeryLong) {
   EXPECT_LE(*roomForLine(Text(128, u'a')), kOrdinaryRoom);
 }
 
+TEST(UnchangedLine, isLeftToItsPropertyWhereAColonDoesNotEndItsHeader) {
+  const Text name(400, u'x');
+  const Text line = (u"TEL;A=\":\";X-" + name).append(u"=a,b,c,d,e,f,g,h,i,j,k:1");
+  ASSERT_TRUE(roomForLine(line)) << "reckoned up to the first colon";
+  EXPECT_EQ(rewritten(line, 3, 3), std::nullopt);
+  EXPECT_EQ(rewritten(u"TEL;A=\"b:c\":1", 3, 3), std::nullopt);
+}
+
 TEST(UnchangedLine, hasRoomForTheLongestSpellings) {
   for (const std::size_t length : {1U, 20U, 100U, 127U, 128U, 129U, 450U}) {
     const Text name(length, u'x');

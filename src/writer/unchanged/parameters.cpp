@@ -143,10 +143,11 @@ class ParameterWriting {
     if (isQuoted) {
       for (; end < m_line.size() && m_line[end] != u'"'; ++end) {
         const char16_t unit = m_line[end];
-        if (unit < u' ' || unit > u'~' || unit == u'^') {
+        // The room for a line is reckoned by where its header ends, which the first colon tells.
+        if (unit < u' ' || unit > u'~' || unit == u'^' || unit == u':') {
           return false;
         }
-        item.needsQuotes = item.needsQuotes || unit == u':' || unit == u';' || unit == u',';
+        item.needsQuotes = item.needsQuotes || unit == u';' || unit == u',';
       }
     } else {
       end = endOfWord(m_line, m_at);
