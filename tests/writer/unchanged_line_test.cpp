@@ -1,7 +1,10 @@
+#include "support/random_source.h"
 #include "support/rewritten_line.h"
+#include "support/seed.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <vector>
 
 namespace cardwright {
@@ -123,6 +126,31 @@ TEST(UnchangedLine, hasRoomForTheLongestSpellings) {
     EXPECT_TRUE(rewritten(u"N:" + name, 3, 3));
     EXPECT_TRUE(rewritten(u"TEL;" + name + u";A;A;A;A;A;A;A;A;A;A;A:1", 2, 3));
   }
+}
+
+TEST(UnchangedLine, isThatOfItsPropertyHoweverLong) {
+  RandomSource random(testSeed());
+  static constexpr std::array<TextView, 18> kPieces = {
+      u";X-",   u"abcdefghij", u"=",        u",",
+      u"\"",    u";TYPE=",     u"a",        u"B,c",
+      u":",     u";N=\"a;b\"", u"\\",       u"n",
+      u"\\,",   u";",          u",d,e,f,g", u";abcdefghijklmnopqrstuvwxyz=",
+      u"\":\"", u" x"};
+  std::size_t rewrittenLines = 0;
+  for (int i = 0; i < 200'000; ++i) {
+    Text line = random.oneIn(4) ? u"N" : random.oneIn(3) ? u"item1.ADR" : u"TEL";
+    for (std::size_t pieces = random.below(40); pieces > 0; --pieces) {
+      line += random.oneOf(kPieces);
+    }
+    line += random.oneIn(2) ? u":1" : u";A=b:1";
+    VCardProperty property;
+    DateFormatter formatter("en_US_POSIX");
+    if (property.parse(line, 3, &formatter)) {
+      rewrittenLines += rewritesLikeItsProperty(line, 3, 3) ? 1 : 0;
+      ASSERT_FALSE(testing::Test::HasFailure());
+    }
+  }
+  EXPECT_GT(rewrittenLines, 1000U);
 }
 
 } // namespace
