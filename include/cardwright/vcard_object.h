@@ -40,14 +40,14 @@ class [[gnu::visibility("default")]] VCardObject {
   /// it was read is written from the lines that it was read from.
   void changed() noexcept {
     if (m_changes != nullptr) {
-      m_changes->set();
+      m_changes->setMark();
     }
   }
 
  private:
   friend class Arena;
 
-  detail::ChangeMark* m_changes = nullptr; ///< of what this was read with; null for other objects
+  detail::ChangeMarker* m_changes = nullptr; ///< of what this was read with; null for other objects
 };
 
 } // namespace cardwright

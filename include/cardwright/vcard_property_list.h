@@ -149,12 +149,12 @@ class VCardPropertyList {
 
   void changed() noexcept {
     if (m_changes != nullptr) {
-      m_changes->set();
+      m_changes->setMark();
     }
   }
 
   std::vector<value_type> m_properties;
-  detail::ChangeMark* m_changes = nullptr; ///< of the card that this was read for
+  detail::ChangeMarker* m_changes = nullptr; ///< of the card that this was read for
 };
 
 } // namespace cardwright

@@ -18,11 +18,12 @@ constexpr std::size_t aligned(std::size_t size) noexcept {
 
 } // namespace
 
-Arena::Hold Arena::make(SlabPool& pool, std::shared_ptr<const void> kept, std::size_t expected) {
+Arena::Hold Arena::make(SlabPool& pool, std::shared_ptr<const void> kept,
+                        detail::ChangeMark& changes, std::size_t expected) {
   // The arena itself stands in front of what it hands out.
   const std::size_t size = aligned(sizeof(Arena)) + aligned(expected);
   auto* const memory = static_cast<std::byte*>(pool.take(size));
-  Hold arena(new (memory) Arena(pool, std::move(kept)));
+  Hold arena(new (memory) Arena(pool, std::move(kept), changes));
   arena->m_next = memory + aligned(sizeof(Arena));
   arena->m_end = memory + size;
   return arena;

@@ -14,9 +14,9 @@ class SlabPool;
 
 /// Memory for objects that are made together, such as those of a card, cut from a pool that lives
 /// as long as any of them, and given back to it when the last has gone. One thread allocates,
-/// before any other knows the objects; each may then be let go by any thread. The arena is the mark
-/// of changes of what is made in it.
-class Arena : public detail::ChangeMark {
+/// before any other knows the objects; each may then be let go by any thread. Tells a mark of
+/// changes of what is made in it.
+class Arena : public detail::ChangeMarker {
  public:
   /// How its maker holds an arena.
   using Hold = detail::ArenaHold;
@@ -26,9 +26,10 @@ class Arena : public detail::ChangeMark {
 
   /// @param pool     where the memory comes from
   /// @param kept     keeps the pool alive, and is kept by the objects
+  /// @param changes  the mark; kept alive likewise
   /// @param expected how many bytes will be needed, roughly
   [[nodiscard]] static Hold make(SlabPool& pool, std::shared_ptr<const void> kept,
-                                 std::size_t expected);
+                                 detail::ChangeMark& changes, std::size_t expected);
 
   /// Memory for one object, aligned for anything. Holds the arena until it is let go.
   [[nodiscard]] void* allocate(std::size_t size);
@@ -49,8 +50,8 @@ class Arena : public detail::ChangeMark {
   void release() noexcept;
 
  private:
-  Arena(SlabPool& pool, std::shared_ptr<const void> kept) noexcept
-      : m_pool(pool), m_kept(std::move(kept)) {}
+  Arena(SlabPool& pool, std::shared_ptr<const void> kept, detail::ChangeMark& changes) noexcept
+      : ChangeMarker(changes), m_pool(pool), m_kept(std::move(kept)) {}
   ~Arena() = default;
 
   /// Stands in front of the memory that was taken when the first was not enough.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "base/slab_pool.h"
+#include "cardwright/detail/change_mark.h"
 #include "cardwright/text.h"
 
+#include <deque>
 #include <forward_list>
 #include <vector>
 
@@ -14,7 +16,8 @@ struct LineStore {
   Text text;                      ///< never changes its place
   std::forward_list<Text> copies; ///< lines that are no part of the text
   std::vector<TextView> lines;
-  mutable SlabPool pool; ///< for what the cards make of their lines
+  std::deque<ChangeMark> changes; ///< one for each card, side by side, to be looked at in a row
+  mutable SlabPool pool;          ///< for what the cards make of their lines
 };
 
 } // namespace cardwright::detail

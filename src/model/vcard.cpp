@@ -10,12 +10,12 @@
 namespace cardwright {
 
 bool VCard::isUnchanged() const noexcept {
-  return m_lines.arena != nullptr && !m_lines.arena->isSet();
+  return m_lines.changes != nullptr && !m_lines.changes->isSet();
 }
 
 void VCard::changed() noexcept { // NOLINT: not const, the card is another one
-  if (m_lines.arena != nullptr) {
-    m_lines.arena->set();
+  if (m_lines.changes != nullptr) {
+    m_lines.changes->set();
   }
 }
 

@@ -114,6 +114,7 @@ class CardAssembly {
                      .count = m_store->lines.size() - m_first,
                      .countBeforeVersion = m_countBeforeVersion,
                      .version = m_version,
+                     .changes = &m_store->changes.emplace_back(),
                      .arena = nullptr};
     card->m_isUnread.store(true, std::memory_order_relaxed);
     m_recorder.cardRead();

@@ -12,8 +12,8 @@ void VCard::readProperties() const {
   std::call_once(m_reading, [this] {
     // What is made of an ordinary line: a property, its value, perhaps a parameter.
     constexpr std::size_t kBytesForLine = 320;
-    Arena::Hold arena =
-        Arena::make(m_lines.store->pool, m_lines.store, m_lines.count * kBytesForLine);
+    Arena::Hold arena = Arena::make(m_lines.store->pool, m_lines.store, *m_lines.changes,
+                                    m_lines.count * kBytesForLine);
     PropertyStore properties;
     properties.reserve(std::min(m_lines.count + 1, PropertyStore::kLinearLimit));
     DateFormatter formatter("en_US_POSIX");
@@ -30,7 +30,7 @@ void VCard::readProperties() const {
       addUpperCased(properties, VCardProperty::propertyForVersion(3), nullptr);
     }
     m_properties = std::move(properties);
-    arena->clear();
+    m_lines.changes->clear();
     m_lines.arena = std::move(arena);
     m_isUnread.store(false, std::memory_order_release);
   });

@@ -24,6 +24,7 @@ struct Owner {
   ~Owner() { isGone = true; }
 
   SlabPool pool;
+  detail::ChangeMark changes;
   bool& isGone;
 };
 
@@ -42,7 +43,7 @@ TEST(Arena, keepsItsMemoryAsLongAsAnyObjectLives) {
   std::shared_ptr<Counted> last;
   {
     auto owner = std::make_shared<Owner>(isGone);
-    const Arena::Hold arena = Arena::make(owner->pool, owner, 100);
+    const Arena::Hold arena = Arena::make(owner->pool, owner, owner->changes, 100);
     std::vector<std::shared_ptr<Counted>> objects;
     for (int i = 0; i < 1000; ++i) {
       objects.push_back(makeIn<Counted>(arena.get()));
@@ -61,7 +62,7 @@ TEST(Arena, goesWithoutObjects) {
   bool isGone = false;
   {
     auto owner = std::make_shared<Owner>(isGone);
-    const Arena::Hold arena = Arena::make(owner->pool, owner, 0);
+    const Arena::Hold arena = Arena::make(owner->pool, owner, owner->changes, 0);
   }
   EXPECT_TRUE(isGone);
 }
@@ -71,7 +72,7 @@ TEST(Arena, outlivesWeakPointers) {
   std::weak_ptr<Counted> weak;
   {
     auto owner = std::make_shared<Owner>(isGone);
-    const Arena::Hold arena = Arena::make(owner->pool, owner, 100);
+    const Arena::Hold arena = Arena::make(owner->pool, owner, owner->changes, 100);
     weak = makeIn<Counted>(arena.get());
   }
   EXPECT_TRUE(weak.expired());
@@ -86,7 +87,7 @@ TEST(Arena, letsGoOfObjectsInSeveralThreads) {
   std::array<std::vector<std::shared_ptr<Plain>>, 4> shares;
   {
     auto owner = std::make_shared<Owner>(isGone);
-    const Arena::Hold arena = Arena::make(owner->pool, owner, 100);
+    const Arena::Hold arena = Arena::make(owner->pool, owner, owner->changes, 100);
     for (std::size_t i = 0; i < 4000; ++i) {
       shares[i % shares.size()].push_back(makeIn<Plain>(arena.get()));
     }
@@ -150,7 +151,7 @@ TEST(Arena, givesAllItsMemoryBack) {
   bool isGone = false;
   const auto owner = std::make_shared<Owner>(isGone);
   const auto firstPlace = [&owner] {
-    const Arena::Hold arena = Arena::make(owner->pool, owner, 100);
+    const Arena::Hold arena = Arena::make(owner->pool, owner, owner->changes, 100);
     std::vector<std::shared_ptr<Counted>> objects;
     for (int i = 0; i < 40; ++i) {
       objects.push_back(makeIn<Counted>(arena.get()));

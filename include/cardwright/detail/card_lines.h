@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cardwright/detail/change_mark.h"
 #include "cardwright/text.h"
 
 #include <cstddef>
@@ -28,6 +29,7 @@ struct CardLines {
   std::size_t count = 0;
   std::size_t countBeforeVersion = 0; ///< how many of them are read without knowing a version
   VersionCode version = 0;            ///< in which the others are read; 0 for none
+  ChangeMark* changes = nullptr;      ///< in the store; of the card and what it consists of
   ArenaHold arena;                    ///< of what was made of them; null as long as nothing was
 };
 

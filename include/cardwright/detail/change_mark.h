@@ -17,4 +17,14 @@ class ChangeMark {
   std::atomic<bool> m_isSet = false;
 };
 
+/// How the objects know their mark, which lies beside those of other cards.
+class ChangeMarker {
+ public:
+  explicit ChangeMarker(ChangeMark& mark) noexcept : m_mark(mark) {}
+  void setMark() noexcept { m_mark.set(); }
+
+ private:
+  ChangeMark& m_mark;
+};
+
 } // namespace cardwright::detail
