@@ -91,6 +91,11 @@ class Lanes {
 
   [[nodiscard]] Bits equal(char sign) const noexcept { return bits(isEqual(sign)); }
 
+  /// Where a CR is, or anything beyond ASCII, and perhaps a zero, which what is far beyond becomes.
+  [[nodiscard]] Bits unsingle() const noexcept {
+    return bits(_mm_or_si128(m_units, _mm_or_si128(isEqual('\r'), isEqual('\0'))));
+  }
+
   [[nodiscard]] Bits lineTerminators() const noexcept { return bits(areLineTerminators()); }
 
   /// Where anything is that ends a value or is marked in it.
@@ -163,6 +168,22 @@ std::size_t findEitherPlainly(TextView text, std::size_t begin, char one, char o
 
 std::size_t findUnplainPlainly(TextView text, std::size_t begin) noexcept {
   while (begin < text.size() && !isUnplain(text[begin])) {
+    ++begin;
+  }
+  return begin;
+}
+
+std::size_t copyPlainPlainly(TextView text, std::size_t begin, char16_t*& output,
+                             bool& isAscii) noexcept {
+  for (; begin < text.size() && !isUnplain(text[begin]); ++begin) {
+    isAscii = isAscii && cardwright::isAscii(text[begin]);
+    *output++ = text[begin];
+  }
+  return begin;
+}
+
+std::size_t findUnsinglePlainly(TextView text, std::size_t begin) noexcept {
+  while (begin < text.size() && isAscii(text[begin]) && text[begin] != u'\r') {
     ++begin;
   }
   return begin;
@@ -313,12 +334,11 @@ std::size_t findEither(TextView text, std::size_t begin, char one, char other) n
   return findEitherPlainly(text, begin, one, other);
 }
 
-/// One bit, twice, for each unplain unit of the block at `at`.
-Bits unplainUnits(TextView text, std::size_t at) noexcept {
+/// One bit, twice, for each unplain unit of the block.
+Bits unplainUnits(__m128i units) noexcept {
   const auto all = [](int unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
   // With the highest bit turned around, signed comparisons give the order of units.
   const auto turned = [&](int unit) { return all(unit ^ 0x8000); };
-  const __m128i units = loadUnits(text.data() + at);
   const __m128i ordered = _mm_xor_si128(units, all(0x8000));
   const __m128i outside = _mm_or_si128(_mm_cmplt_epi16(ordered, turned(u' ')),
                                        _mm_cmpgt_epi16(ordered, turned(kFirstUncertain - 1)));
@@ -330,7 +350,7 @@ Bits unplainUnits(TextView text, std::size_t at) noexcept {
 
 std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   for (; text.size() - begin >= kBlock; begin += kBlock) {
-    const Bits found = unplainUnits(text, begin);
+    const Bits found = unplainUnits(loadUnits(text.data() + begin));
     if (found != 0) {
       return begin + firstOf(found) / 2;
     }
@@ -340,8 +360,75 @@ std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   }
   // The last block once more, without the units that were looked at.
   const std::size_t last = text.size() - kBlock;
-  const Bits found = unplainUnits(text, last) >> 2 * (begin - last);
+  const Bits found = unplainUnits(loadUnits(text.data() + last)) >> 2 * (begin - last);
   return found != 0 ? begin + firstOf(found) / 2 : text.size();
+}
+
+void storeUnits(char16_t* output, __m128i units) noexcept {
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(output), units); // NOLINT: unaligned by design
+}
+
+/// Whether any of sixteen units as bytes is unplain, or beyond 0x7FFF, which became zero.
+bool mayBeUnplain(__m128i bytes) noexcept {
+  const auto isEqual = [bytes](int sign) {
+    return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(sign)));
+  };
+  const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(u' ' - 1)), bytes);
+  const __m128i signs = _mm_or_si128(_mm_or_si128(isEqual(','), isEqual(';')),
+                                     _mm_or_si128(isEqual('\\'), isEqual(0x7F)));
+  return _mm_movemask_epi8(_mm_or_si128(controls, signs)) != 0;
+}
+
+/// Whether all lanes are of ASCII.
+bool areAscii(__m128i units) noexcept {
+  const __m128i high = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFF80)));
+  return _mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFF;
+}
+
+std::size_t copyPlain(const ReadableText& readable, std::size_t begin, char16_t*& output,
+                      bool& isAscii) noexcept {
+  const TextView text = readable.text;
+  const auto readableUnits = static_cast<std::size_t>(readable.readableEnd - text.data());
+  char16_t* end = output;
+  __m128i all = _mm_setzero_si128();
+  for (; text.size() - begin > kLanes; begin += kLanes, end += kLanes) {
+    const __m128i first = loadUnits(text.data() + begin);
+    const __m128i second = loadUnits(text.data() + begin + kBlock);
+    if (mayBeUnplain(_mm_packus_epi16(first, second))) {
+      break;
+    }
+    storeUnits(end, first);
+    storeUnits(end + kBlock, second);
+    all = _mm_or_si128(all, _mm_or_si128(first, second));
+  }
+  while (begin < text.size() && readableUnits - begin >= kBlock) {
+    const __m128i units = loadUnits(text.data() + begin);
+    storeUnits(end, units);
+    all = _mm_or_si128(all, units);
+    // One more bit ends the count where nothing is found.
+    const Bits found = unplainUnits(units) | 1U << 2 * kBlock;
+    const std::size_t plain = std::min(text.size() - begin, firstOf(found) / 2);
+    end += plain;
+    begin += plain;
+    if (plain != kBlock) {
+      output = end;
+      isAscii = isAscii && areAscii(all);
+      return begin;
+    }
+  }
+  output = end;
+  isAscii = isAscii && areAscii(all);
+  return copyPlainPlainly(text, begin, output, isAscii);
+}
+
+std::size_t findUnsingle(TextView text, std::size_t begin) noexcept {
+  for (; text.size() - begin >= kLanes; begin += kLanes) {
+    const Lanes lanes(text, begin);
+    if (const Bits found = lanes.unsingle(); found != 0) {
+      return findUnsinglePlainly(text, begin);
+    }
+  }
+  return findUnsinglePlainly(text, begin);
 }
 
 std::size_t findDoubleCr(TextView text) noexcept {
@@ -376,6 +463,15 @@ std::size_t blocksWithin(TextView /*text*/, std::size_t /*begin*/,
 
 std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   return findUnplainPlainly(text, begin);
+}
+
+std::size_t copyPlain(const ReadableText& readable, std::size_t begin, char16_t*& output,
+                      bool& isAscii) noexcept {
+  return copyPlainPlainly(readable.text, begin, output, isAscii);
+}
+
+std::size_t findUnsingle(TextView text, std::size_t begin) noexcept {
+  return findUnsinglePlainly(text, begin);
 }
 
 ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {

@@ -1,12 +1,14 @@
 #include "base/ascii.h"
 #include "base/scan_lanes.h"
 #include "support/random_source.h"
+#include "support/seed.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace cardwright {
 namespace {
@@ -32,6 +34,7 @@ TEST(ScanLanes, findWhatThePlainFormsFind) {
     ASSERT_EQ(mostUtf8Bytes(text), mostUtf8BytesPlainly(text));
     ASSERT_EQ(united(text), unitedPlainly(text));
     ASSERT_EQ(findUnplain(text, begin), findUnplainPlainly(text, begin));
+    ASSERT_EQ(findUnsingle(text, begin), findUnsinglePlainly(text, begin));
     ASSERT_EQ(endOfLine(text, begin), findEitherPlainly(text, begin, '\r', '\n'));
     ASSERT_EQ(findEither(text, begin, '"', ':'), findEitherPlainly(text, begin, '"', ':'));
   }
@@ -46,6 +49,49 @@ TEST(ScanLanes, findEveryUnplainUnitWhereverItStands) {
     text[at] = static_cast<char16_t>(unit);
     ASSERT_EQ(findUnplain(text, 0), isUnplain ? at : text.size()) << unit;
     ASSERT_EQ(findUnplainPlainly(text, 0), isUnplain ? at : text.size()) << unit;
+  }
+}
+
+TEST(ScanLanes, copyUpToWhatIsUnplain) {
+  RandomSource random(testSeed());
+  for (int round = 0; round < 50'000; ++round) {
+    Text text = randomText(random, random.below(80));
+    std::replace_if(
+        text.begin(), text.end(), [&](char16_t) { return random.chance(95); }, u'b');
+    const std::size_t begin = random.below(text.size() + 1);
+    const std::size_t end = begin + random.below(text.size() - begin + 1);
+    const TextView part = TextView(text).substr(0, end);
+    const std::vector<char16_t> memory(text.begin(), text.end());
+    Text copied(end - begin + kCopiedBeyond, u'#');
+    Text expected = copied;
+    char16_t* to = copied.data();
+    char16_t* expectedTo = expected.data();
+    bool isAscii = true;
+    bool isExpectedAscii = true;
+    // Whatever may be read behind the part does not count.
+    const ReadableText readable{{memory.data(), end},
+                                memory.data() + end + random.below(text.size() - end + 1)};
+    ASSERT_EQ(copyPlain(readable, begin, to, isAscii),
+              copyPlainPlainly(part, begin, expectedTo, isExpectedAscii));
+    ASSERT_EQ(to - copied.data(), expectedTo - expected.data());
+    ASSERT_EQ(copied.substr(0, static_cast<std::size_t>(to - copied.data())),
+              expected.substr(0, static_cast<std::size_t>(to - copied.data())));
+    ASSERT_LE(isAscii, isExpectedAscii);
+  }
+}
+
+TEST(ScanLanes, copyEveryPlainUnit) {
+  for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+    Text text(40, u'a');
+    text[unit % text.size()] = static_cast<char16_t>(unit);
+    Text copied(text.size() + kCopiedBeyond, u'#');
+    char16_t* to = copied.data();
+    bool isAscii = true;
+    const std::size_t end = copyPlain({text, text.data() + text.size()}, 0, to, isAscii);
+    ASSERT_EQ(end, findUnplainPlainly(text, 0)) << unit;
+    ASSERT_EQ(copied.substr(0, end), text.substr(0, end)) << unit;
+    ASSERT_EQ(to - copied.data(), static_cast<std::ptrdiff_t>(end));
+    ASSERT_TRUE(!isAscii || unit < 0x80 || end <= unit % text.size()) << unit;
   }
 }
 
