@@ -147,12 +147,12 @@ TextList VCard::propertiesInSortOrder() const {
 }
 
 void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
-  const PropertyStore& store = properties();
   // Without a formatter, dates stop the process.
   if (formatter != nullptr && isUnchanged() &&
-      appendUnchanged(output, m_lines, store, version, formatter)) {
+      appendUnchanged(output, *this, m_lines, version, formatter)) {
     return;
   }
+  const PropertyStore& store = properties();
   fetchProperties(store);
   const GroupIndex labels(propertiesIn(store, kLabelKey));
   const GroupIndex addressFormats(propertiesIn(store, kAddressFormatKey));

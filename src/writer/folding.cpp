@@ -12,13 +12,6 @@ namespace {
 
 constexpr TextView kCrLf = u"\r\n";
 
-/// Whether the first `units` units and one more are such that each is a character by itself.
-bool areSingleByteCharacters(TextView text, std::size_t units) noexcept {
-  return text.size() > units &&
-         std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(units + 1),
-                     [](char16_t unit) { return isAscii(unit) && unit != u'\r'; });
-}
-
 std::size_t utf8Length(TextView text) noexcept {
   std::size_t bytes = 0;
   for (std::size_t at = 0; at < text.size();) {
@@ -33,7 +26,8 @@ std::size_t utf8Length(TextView text) noexcept {
 /// are in which only ICU can tell the characters apart.
 class LineCutter {
  public:
-  explicit LineCutter(TextView line) noexcept : m_line(line), m_walker(line) {}
+  explicit LineCutter(TextView line) noexcept
+      : m_line(line), m_walker(line), m_unsingle(findUnsingle(line, 0)) {}
 
   [[nodiscard]] bool atEnd() const noexcept { return m_begin >= m_line.size(); }
 
@@ -44,7 +38,7 @@ class LineCutter {
     // No unit takes more than three bytes.
     if (rest.size() <= limit / 3) {
       length = rest.size();
-    } else if (!areSingleByteCharacters(rest, limit)) {
+    } else if (!areSingleByteCharacters(limit)) {
       length = lengthWithin(limit);
     }
     m_begin += length;
@@ -52,6 +46,14 @@ class LineCutter {
   }
 
  private:
+  /// Whether the next `units` units and one more are such that each is a character by itself.
+  bool areSingleByteCharacters(std::size_t units) noexcept {
+    if (m_unsingle < m_begin) {
+      m_unsingle = findUnsingle(m_line, m_begin);
+    }
+    return m_unsingle - m_begin > units;
+  }
+
   /// How many units from m_begin on are characters that fit. Most often the first unit that does
   /// not fit and those before it tell where a character ends.
   std::size_t lengthWithin(std::size_t limit) {
@@ -106,6 +108,7 @@ class LineCutter {
   GraphemeWalker m_walker;
   std::size_t m_walkerBegin = 0;
   std::size_t m_begin = 0;  ///< of the next piece
+  std::size_t m_unsingle;   ///< the next unit that may be no character by itself
   std::size_t m_walked = 0; ///< end of the last character that was walked
   std::size_t m_bytes = 0;  ///< length of that character
 };
@@ -123,8 +126,6 @@ void appendFolded(Text& output, TextView line) {
   }
 }
 
-namespace {
-
 bool fitsIntoOne(TextView line) noexcept {
   if (line.size() <= kLineBytes / 3 || line.size() > kLineBytes) {
     return line.size() <= kLineBytes / 3; // No unit takes more than three bytes.
@@ -133,8 +134,6 @@ bool fitsIntoOne(TextView line) noexcept {
   return isAscii(bits) || (bits < 0x800 && line.size() <= kLineBytes / 2) ||
          mostUtf8Bytes(line) <= kLineBytes || utf8Length(line) <= kLineBytes;
 }
-
-} // namespace
 
 void appendLine(Text& output, TextView line) {
   if (fitsIntoOne(line)) {

@@ -13,10 +13,13 @@ inline constexpr std::size_t kLineBytes = 75;
 /// Characters are never cut: one that is longer than a line stands on a line alone.
 void appendFolded(Text& output, TextView line);
 
-/// The same, a little sooner for lines that most often fit into one physical line.
+/// Whether a content line takes one physical line.
+[[nodiscard]] bool fitsIntoOne(TextView line) noexcept;
+
+/// appendFolded, a little sooner for lines that most often fit into one physical line.
 void appendLine(Text& output, TextView line);
 
-/// Does the same to the end of a text, from `begin` on.
+/// Folds the end of a text, from `begin` on.
 void foldTail(Text& text, std::size_t begin);
 
 } // namespace cardwright

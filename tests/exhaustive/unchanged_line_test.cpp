@@ -39,6 +39,20 @@ INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenValue,
                          testing::Values(u"FN:", u"N:", u"ADR:", u"ORG:", u"NICKNAME:", u"URL:",
                                          u"PHOTO:", u"X-OWN:", u"BDAY;VALUE=text:"));
 
+class RewrittenCode : public testing::TestWithParam<TextView> {};
+
+TEST_P(RewrittenCode, isThatOfTheProperty) {
+  const Text header = Text(GetParam()) + u";ENCODING=QUOTED-PRINTABLE:";
+  EXPECT_GT(tryBetween(header, u"=0A2CDd3;,\\ \u00E9", u"0A"), 0U);
+  EXPECT_GT(tryBetween(header + u"=C3=A", u"=09AC3,;", u"=80x"), 0U);
+  static_cast<void>(tryBetween(header + u"=EF=B", u"=BF8DE", u"=BF"));
+  EXPECT_GT(tryBetween(Text(GetParam()) + u";CHARSET=UTF-8:", u"\\,;n \u00E9=4", u""), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenCode,
+                         testing::Values(u"FN", u"N", u"ORG", u"NICKNAME", u"URL", u"X-OWN",
+                                         u"FN;CHARSET=utf-8"));
+
 class RewrittenNumbers : public testing::TestWithParam<TextView> {};
 
 TEST_P(RewrittenNumbers, areThoseOfTheProperty) {
@@ -62,6 +76,7 @@ INSTANTIATE_TEST_SUITE_P(OfEachPlace, RewrittenHeader,
                          testing::Values(u"", u"A.TEL", u"TEL", u"TEL;TYPE", u"TEL;TYPE=",
                                          u"EMAIL;TYPE=\"", u"PHOTO;", u"TEL;X-P=1;TYPE=pref",
                                          u"TEL;ENCODING=", u"TEL;VALUE=", u"TEL;CHARSET",
+                                         u"TEL;CHARSET=UTF-8", u"FN;ENCODING=quoted-printable",
                                          u"TEL;PREF=1;type=", u"TEL;X-PARAME=1;X-PARA="));
 
 } // namespace

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace cardwright {
@@ -18,29 +19,30 @@ namespace cardwright {
 /// @returns whether it is
 [[nodiscard]] inline bool rewritesLikeItsProperty(TextView line, VersionCode readAs,
                                                   VersionCode version) {
-  ReadLine read{};
-  read.line = line;
-  read.readAs = readAs;
-  const std::optional<std::size_t> units = roomForLine(line);
-  if (!units || !findName(read)) {
-    return false;
-  }
-  const auto room = std::make_unique<char16_t[]>(*units); // NOLINT: exactly so many
-  const std::optional<TextView> rewritten = asWritten(room.get(), read, version);
-  if (!rewritten) {
+  const auto room = std::make_unique<char16_t[]>(roomForLine(line)); // NOLINT: exactly so many
+  const auto text = std::make_unique<char16_t[]>(line.size());       // NOLINT: likewise
+  std::copy(line.begin(), line.end(), text.get());
+  const TextView view(text.get(), line.size());
+  Units output(room.get());
+  HeaderMemory memory;
+  const RewrittenLine rewritten =
+      rewriteLine(output, {{view, view.data() + view.size()}, readAs}, version, memory);
+  if (!rewritten.isWhole) {
+    EXPECT_EQ(output.size(), 0U);
     return false;
   }
   VCardProperty property;
   DateFormatter formatter("en_US_POSIX");
   EXPECT_TRUE(property.parse(line, readAs, &formatter));
   EXPECT_FALSE(isEmptyPhoto(property));
-  EXPECT_EQ(property.name(), read.key);
-  EXPECT_EQ(property.group(), read.hasGroup() ? std::optional(read.group()) : std::nullopt);
+  EXPECT_EQ(property.name(), rewritten.name->key(line));
+  const std::size_t groupSize = rewritten.name->groupSize();
+  EXPECT_EQ(property.group().value_or(TextView()), line.substr(0, groupSize));
   Text expected;
   property.generate(expected, version, &formatter);
-  Text output;
-  appendLine(output, *rewritten);
-  EXPECT_EQ(output, expected) << testing::PrintToString(line) << " read as " << readAs
+  Text actual;
+  appendLine(actual, output.view());
+  EXPECT_EQ(actual, expected) << testing::PrintToString(line) << " read as " << readAs
                               << ", written as " << version;
   return true;
 }

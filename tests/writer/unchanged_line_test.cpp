@@ -11,36 +11,30 @@ namespace cardwright {
 namespace {
 
 std::optional<Text> rewritten(TextView line, VersionCode readAs, VersionCode version) {
-  ReadLine read{};
-  read.line = line;
-  read.readAs = readAs;
-  const std::optional<std::size_t> units = roomForLine(line);
-  if (!units || !findName(read)) {
-    return std::nullopt;
-  }
-  std::vector<char16_t> room(*units);
-  EXPECT_EQ(rewritesLikeItsProperty(line, readAs, version),
-            asWritten(room.data(), read, version).has_value());
-  const std::optional<TextView> text = asWritten(room.data(), read, version);
-  return text ? std::optional<Text>(*text) : std::nullopt;
+  std::vector<char16_t> room(roomForLine(line));
+  Units output(room.data());
+  HeaderMemory memory;
+  const bool isWhole =
+      rewriteLine(output, {{line, line.data() + line.size()}, readAs}, version, memory).isWhole;
+  EXPECT_EQ(rewritesLikeItsProperty(line, readAs, version), isWhole);
+  return isWhole ? std::optional<Text>(output.view()) : std::nullopt;
 }
 
 TEST(UnchangedLine, findsGroupAndName) {
-  ReadLine read{};
-  read.line = u"item1.X-ABLabel;A=b:c";
-  ASSERT_TRUE(findName(read));
-  EXPECT_TRUE(read.hasGroup());
-  EXPECT_EQ(read.group(), u"item1");
-  EXPECT_EQ(read.key, u"X-ABLABEL");
-  EXPECT_EQ(read.line[read.nameEnd], u';');
-  read.line = u"X-OWN:";
-  ASSERT_TRUE(findName(read));
-  EXPECT_FALSE(read.hasGroup());
-  EXPECT_EQ(read.key, u"X-OWN");
+  const TextView grouped = u"item1.X-ABLabel;A=b:c";
+  const std::optional<LineName> label = nameOf(grouped);
+  ASSERT_TRUE(label);
+  EXPECT_EQ(label->groupSize(), 5U);
+  EXPECT_EQ(label->key(grouped), u"X-ABLABEL");
+  EXPECT_EQ(grouped[label->end], u';');
+  const TextView own = u"X-OWN:";
+  const std::optional<LineName> other = nameOf(own);
+  ASSERT_TRUE(other);
+  EXPECT_EQ(other->groupSize(), 0U);
+  EXPECT_EQ(other->key(own), u"X-OWN");
   for (const TextView line : {u"", u":", u".FN:", u"a.b.FN:", u"X-Own:", u"\"FN\":", u" FN:",
                               u"F\u0130:", u"FN", u"FN ;A=b:c", u"a.:"}) {
-    read.line = line;
-    EXPECT_FALSE(findName(read)) << testing::PrintToString(line);
+    EXPECT_FALSE(nameOf(line)) << testing::PrintToString(line);
   }
 }
 
@@ -67,8 +61,20 @@ TEST(UnchangedLine, isSpelledAsItIsWritten) {
 }
 
 TEST(UnchangedLine, isLeftToItsPropertyWhereItsTextsHaveToBeKnown) {
-  for (const TextView line : {u"FN;ENCODING=QUOTED-PRINTABLE:=41",
-                              u"FN;CHARSET=UTF-8:a",
+  for (const TextView line : {u"FN;ENCODING=QUOTED-PRINTABLE:=4",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=4a",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=00",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=0D",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=C3",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=C3A9",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:=ED=A0=80",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:\u00E9=41",
+                              u"FN;ENCODING=QUOTED-PRINTABLE:a\\,",
+                              u"N;ENCODING=QUOTED-PRINTABLE:=20a",
+                              u"BDAY;ENCODING=QUOTED-PRINTABLE:2024-01-01",
+                              u"FN;ENCODING=8BIT;ENCODING=QUOTED-PRINTABLE:=41",
+                              u"FN;CHARSET=ISO-8859-1:a",
                               u"FN:a\\",
                               u"FN:a\\r",
                               u"FN:\u0001",
@@ -102,17 +108,28 @@ TEST(UnchangedLine, isLeftToItsPropertyWhereItsTextsHaveToBeKnown) {
             std::nullopt);
 }
 
+TEST(UnchangedLine, isWrittenDecoded) {
+  const TextView header = u"FN;CHARSET=utf-8;ENCODING=quoted-printable:";
+  const auto decoded = [header](TextView value, VersionCode version) {
+    return rewritten(Text(header).append(value), 2, version);
+  };
+  EXPECT_EQ(decoded(u"Wei=C3=9F =F0=9F=98=80=E2=82=AC", 3), u"FN:Wei\u00DF \U0001F600\u20AC");
+  EXPECT_EQ(decoded(u"a=2C=3B=5C,;=0D=0Ab=0A", 3), u"FN:a\\,\\;\\\\\\,\\;\\nb\\n");
+  EXPECT_EQ(decoded(u"a=2C=3B=5C,;=0D=0Ab=0A", 4), u"FN:a\\,;\\\\\\,;\\nb\\n");
+  EXPECT_EQ(decoded(u"=41", 2), u"FN;CHARSET=UTF-8:A");
+  EXPECT_EQ(rewritten(u"N;ENCODING=QUOTED-PRINTABLE:a=3Bb;c,d=2C", 2, 3), u"N:a\\;b;c,d\\,;;;");
+  EXPECT_EQ(rewritten(u"TITLE;CHARSET=UTF-8:\u00E9", 2, 3), u"TITLE;CHARSET=UTF-8:\u00E9");
+}
+
 TEST(UnchangedLine, isLeftToItsPropertyWhereItsHeaderIsVeryLong) {
-  EXPECT_FALSE(roomForLine(u"TEL;X-P=" + Text(505, u'a') + u":1"));
-  EXPECT_FALSE(roomForLine(Text(1000, u'a')));
-  EXPECT_TRUE(roomForLine(u"NOTE:" + Text(100'000, u'a')));
-  EXPECT_LE(*roomForLine(Text(128, u'a')), kOrdinaryRoom);
+  EXPECT_TRUE(rewritten(u"TEL;X-P=" + Text(504, u'a') + u":1", 3, 3));
+  EXPECT_FALSE(rewritten(u"TEL;X-P=" + Text(505, u'a') + u":1", 3, 3));
+  EXPECT_TRUE(rewritten(u"NOTE:" + Text(100'000, u'a'), 3, 3));
 }
 
 TEST(UnchangedLine, isLeftToItsPropertyWhereAColonDoesNotEndItsHeader) {
   const Text name(400, u'x');
   const Text line = (u"TEL;A=\":\";X-" + name).append(u"=a,b,c,d,e,f,g,h,i,j,k:1");
-  ASSERT_TRUE(roomForLine(line)) << "reckoned up to the first colon";
   EXPECT_EQ(rewritten(line, 3, 3), std::nullopt);
   EXPECT_EQ(rewritten(u"TEL;A=\"b:c\":1", 3, 3), std::nullopt);
 }

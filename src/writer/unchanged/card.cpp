@@ -4,64 +4,98 @@
 #include "cardwright/vcard_utilities.h"
 #include "cardwright/vocabulary.h"
 #include "model/line_store.h"
+#include "model/stored_parts.h"
 #include "writer/companions.h"
 #include "writer/folding.h"
 #include "writer/unchanged/line.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace cardwright {
 
 namespace {
 
-/// Memory for one line after the other.
-class Room {
+/// What is left to be done with a line.
+enum class Left : std::uint8_t {
+  nothing,     ///< it is written, with its end
+  folding,     ///< it is written, and does not fit into one physical line
+  all,         ///< there was no room for it yet
+  theProperty, ///< which has to write itself
+};
+
+/// A card of more lines is rare, and takes its time anyway.
+constexpr std::size_t kMostLines = 64;
+
+/// One line of the card.
+struct CardLine {
+  TextView key;
+  std::uint32_t groupSize; ///< 0 for no group
+  std::uint16_t begin;     ///< of what is written, in the room that all share
+  std::uint16_t end;
+  Left left;
+  bool isCompanion;
+};
+
+/// Numbers of lines in the order in which these are written.
+class LineOrder {
  public:
-  [[nodiscard]] char16_t* atLeast(std::size_t units) {
-    if (units <= m_few.size()) {
-      return m_few.data();
+  [[nodiscard]] std::uint8_t operator[](std::size_t place) const noexcept {
+    return m_numbers[place];
+  }
+
+  /// Puts the next line in its place: those behind it move on.
+  void add(const CardLine* lines, std::size_t number, std::uint64_t order) noexcept {
+    std::size_t place = number;
+    for (; place > 0 && order <= m_orders[place - 1]; --place) {
+      if (order == m_orders[place - 1] &&
+          !isBefore(lines[number].key, lines[m_numbers[place - 1]].key)) {
+        break;
+      }
+      m_orders[place] = m_orders[place - 1];
+      m_numbers[place] = m_numbers[place - 1];
     }
-    if (units > m_size) {
-      m_size = units;
-      m_many = std::make_unique_for_overwrite<char16_t[]>(units); // NOLINT: an array of that size
-    }
-    return m_many.get();
+    m_orders[place] = order;
+    m_numbers[place] = static_cast<std::uint8_t>(number);
   }
 
  private:
-  std::array<char16_t, kOrdinaryRoom> m_few; // NOLINT: filled by its users
-  std::unique_ptr<char16_t[]> m_many;        // NOLINT: likewise
-  std::size_t m_size = 0;
+  static bool isBefore(TextView a, TextView b) noexcept {
+    return a.data() != b.data() && a < b; // Well-known names are the same.
+  }
+
+  std::array<std::uint64_t, kMostLines> m_orders; // NOLINT: filled as far as lines were added
+  std::array<std::uint8_t, kMostLines> m_numbers; // NOLINT: likewise
 };
 
 class UnchangedCard {
  public:
-  /// A card of more lines is rare, and takes its time anyway.
-  static constexpr std::size_t kMost = 64;
+  UnchangedCard(Text& output, const VCard& card, const detail::CardLines& lines,
+                VersionCode version, DateFormatter* formatter) noexcept
+      : m_output(output),
+        m_card(card),
+        m_texts(lines.store->lines.data() + lines.first),
+        m_storeEnd(lines.store->text.data() + lines.store->text.size()),
+        m_storeBegin(lines.store->text.data()),
+        m_count(lines.count),
+        m_countBeforeVersion(lines.countBeforeVersion),
+        m_readAs(lines.version),
+        m_version(version),
+        m_formatter(formatter),
+        m_memory(HeaderMemory::ofThread()) {}
 
-  UnchangedCard(Text& output, const StoredParts::Properties& properties, VersionCode version,
-                DateFormatter* formatter) noexcept
-      : m_output(output), m_properties(properties), m_version(version), m_formatter(formatter) {}
-
-  /// Finds the name of each line and its place.
-  bool order(const detail::CardLines& lines) {
-    const TextView* const texts = lines.store->lines.data() + lines.first;
-    for (; m_count < lines.count; ++m_count) {
-      ReadLine& line = m_lines[m_count];
-      line.line = texts[m_count];
-      line.readAs = m_count < lines.countBeforeVersion ? 0 : lines.version;
-      if (!findName(line)) {
+  /// Rewrites each line for itself, and finds its place.
+  bool rewrite() {
+    Units output(m_units.data());
+    for (std::size_t number = 0; number < m_count; ++number) {
+      if (!rewrite(number, output)) {
         return false;
       }
-      std::size_t place = m_count;
-      for (; place > 0 && isBefore(line, m_lines[m_places[place - 1]]); --place) {
-        m_places[place] = m_places[place - 1];
-      }
-      m_places[place] = static_cast<std::uint8_t>(m_count);
-      if (line.key == kLabelKey || line.key == kAddressFormatKey) {
-        m_companions[m_companionCount++] = static_cast<std::uint8_t>(m_count);
+      if (m_lines[number].isCompanion) {
+        m_companions[m_companionCount++] = static_cast<std::uint8_t>(number);
       }
     }
     return true;
@@ -70,36 +104,112 @@ class UnchangedCard {
   void write() {
     VCardUtilities::appendCRLF(m_output, cVCardComponent_BEGINVCARD);
     for (std::size_t place = 0; place < m_count; ++place) {
-      const ReadLine& line = m_lines[m_places[place]];
-      if (line.key == kLabelKey || line.key == kAddressFormatKey) {
-        continue;
-      }
-      if (write(line) && line.hasGroup()) {
-        writeCompanions(kLabelKey, line.group());
+      const std::size_t number = m_order[place];
+      const CardLine& line = m_lines[number];
+      if (!line.isCompanion && write(number) && line.groupSize != 0) {
+        const TextView group = m_texts[number].substr(0, line.groupSize);
+        writeCompanions(kLabelKey, group);
         if (line.key == cVCardProperty_ADR) {
-          writeCompanions(kAddressFormatKey, line.group());
+          writeCompanions(kAddressFormatKey, group);
         }
       }
     }
+    flush();
     VCardUtilities::appendCRLF(m_output, cVCardComponent_ENDVCARD);
   }
 
  private:
-  static bool isBefore(const ReadLine& a, const ReadLine& b) noexcept {
-    return a.order != b.order ? a.order < b.order : a.key < b.key;
+  [[nodiscard]] ReadLine readLine(std::size_t number) const noexcept {
+    const TextView text = m_texts[number];
+    // Most lines lie in the text of all cards, and more may be read there.
+    const char16_t* const end = text.data() + text.size();
+    const bool isInStore =
+        !std::less<>()(text.data(), m_storeBegin) && !std::less<>()(m_storeEnd, end);
+    return {{text, isInStore ? m_storeEnd : end}, number < m_countBeforeVersion ? 0 : m_readAs};
+  }
+
+  /// Rewrites a line into the room that all share, if there is enough of it.
+  bool rewrite(std::size_t number, Units& output) {
+    CardLine& line = m_lines[number];
+    if (roomForLine(m_texts[number]) > m_units.size() - output.size()) {
+      const std::optional<LineName> name = nameOf(m_texts[number]);
+      line.left = Left::all;
+      return takeName(number, name ? &*name : nullptr);
+    }
+    const std::size_t begin = output.size();
+    output.beginLine();
+    const RewrittenLine rewritten = rewriteLine(output, readLine(number), m_version, m_memory);
+    line.left = Left::theProperty;
+    if (rewritten.isWhole) {
+      const std::size_t size = output.size() - begin;
+      const bool isShort =
+          output.isLineAscii() ? size <= kLineBytes : fitsIntoOne(output.view().substr(begin));
+      line.left = isShort ? Left::nothing : Left::folding;
+      if (isShort) {
+        output.append(u"\r\n");
+      }
+    }
+    static_assert(std::tuple_size_v<decltype(m_units)> <= UINT16_MAX);
+    line.begin = static_cast<std::uint16_t>(begin);
+    line.end = static_cast<std::uint16_t>(output.size());
+    return takeName(number, rewritten.name);
+  }
+
+  bool takeName(std::size_t number, const LineName* name) noexcept {
+    if (name == nullptr) {
+      return false;
+    }
+    CardLine& line = m_lines[number];
+    line.key = name->key(m_texts[number]);
+    line.groupSize = static_cast<std::uint32_t>(name->groupSize());
+    line.isCompanion = name->meaning != nullptr && name->meaning->isCompanion;
+    m_order.add(m_lines.data(), number, name->order);
+    return true;
   }
 
   /// False for a photo that is left out.
-  bool write(const ReadLine& line) {
-    if (writeFromLine(line)) {
+  bool write(std::size_t number) {
+    const CardLine& line = m_lines[number];
+    if (line.left == Left::nothing) {
+      if (line.begin != m_waitingEnd) {
+        flush();
+        m_waitingBegin = line.begin;
+      }
+      m_waitingEnd = line.end;
       return true;
     }
-    if (!m_hasFetched && line.readAs == 2) {
-      // Where one line has to be decoded, others have.
-      StoredParts::fetch(m_properties);
-      m_hasFetched = true;
+    flush();
+    if (line.left == Left::folding) {
+      appendFolded(m_output, written(line.begin, line.end));
+      return true;
     }
-    const VCardProperty& property = propertyOf(line);
+    return (line.left == Left::all && rewriteLate(number)) || writeProperty(number);
+  }
+
+  [[nodiscard]] TextView written(std::size_t begin, std::size_t end) const noexcept {
+    return {m_units.data() + begin, end - begin};
+  }
+
+  /// Appends the lines that stand behind each other.
+  void flush() {
+    m_output.append(written(m_waitingBegin, m_waitingEnd));
+    m_waitingBegin = m_waitingEnd;
+  }
+
+  bool rewriteLate(std::size_t number) {
+    const std::size_t room = roomForLine(m_texts[number]);
+    const auto units = std::make_unique_for_overwrite<char16_t[]>(room); // NOLINT: of that size
+    Units output(units.get());
+    if (!rewriteLine(output, readLine(number), m_version, m_memory).isWhole) {
+      return false;
+    }
+    appendLine(m_output, output.view());
+    return true;
+  }
+
+  bool writeProperty(std::size_t number) {
+    const StoredParts::Properties& properties = StoredParts::of(m_card);
+    const VCardProperty& property = propertyOf(number, properties);
     if (isEmptyPhoto(property)) {
       return false;
     }
@@ -107,63 +217,61 @@ class UnchangedCard {
     return true;
   }
 
-  bool writeFromLine(const ReadLine& line) {
-    const std::optional<std::size_t> room = roomForLine(line.line);
-    const auto written = room ? asWritten(m_room.atLeast(*room), line, m_version) : std::nullopt;
-    if (written) {
-      appendLine(m_output, *written);
-    }
-    return written.has_value();
-  }
-
   /// The property that was made of a line: in the list of its name as many stand before it as lines
   /// of that name before the line.
-  [[nodiscard]] const VCardProperty& propertyOf(const ReadLine& line) const {
-    std::size_t number = 0;
-    for (const ReadLine* other = m_lines.data(); other != &line; ++other) {
-      number += other->key == line.key ? 1 : 0;
-    }
-    return *(**m_properties.find(line.key))[number];
+  [[nodiscard]] const VCardProperty& propertyOf(std::size_t number,
+                                                const StoredParts::Properties& properties) const {
+    const TextView key = m_lines[number].key;
+    const auto before = std::count_if(m_lines.begin(), m_lines.begin() + number,
+                                      [key](const CardLine& line) { return line.key == key; });
+    return *(**properties.find(key))[static_cast<std::size_t>(before)];
   }
 
   void writeCompanions(TextView key, TextView group) {
     for (std::size_t i = 0; i < m_companionCount; ++i) {
-      const ReadLine& companion = m_lines[m_companions[i]];
-      if (companion.key == key && companion.hasGroup() &&
-          equalIgnoringCase(companion.group(), group)) {
-        write(companion);
+      const std::size_t number = m_companions[i];
+      const CardLine& companion = m_lines[number];
+      if (companion.key == key && companion.groupSize != 0 &&
+          equalIgnoringCase(m_texts[number].substr(0, companion.groupSize), group)) {
+        write(number);
       }
     }
   }
 
   Text& m_output;
-  const StoredParts::Properties& m_properties;
+  const VCard& m_card;
+  const TextView* m_texts; ///< of the lines
+  const char16_t* m_storeEnd;
+  const char16_t* m_storeBegin;
+  std::size_t m_count;
+  std::size_t m_countBeforeVersion;
+  VersionCode m_readAs;
   VersionCode m_version;
   DateFormatter* m_formatter;
-  union {
-    std::array<ReadLine, kMost> m_lines; ///< filled as far as m_count tells
-  };
-  std::array<std::uint8_t, kMost> m_places;     // NOLINT: numbers of the lines, as they are written
-  std::array<std::uint8_t, kMost> m_companions; // NOLINT: numbers of the labels and formats
-  std::size_t m_count = 0;
+  HeaderMemory& m_memory;
   std::size_t m_companionCount = 0;
-  bool m_hasFetched = false;
-  Room m_room;
+  std::size_t m_waitingBegin = 0; ///< of what is to be appended
+  std::size_t m_waitingEnd = 0;
+  LineOrder m_order;
+  union {
+    std::array<CardLine, kMostLines> m_lines; ///< filled as far as they were rewritten
+  };
+  std::array<std::uint8_t, kMostLines> m_companions; // NOLINT: numbers of the labels and formats
+  std::array<char16_t, 16'384> m_units;              // NOLINT: filled by rewriteLine
 };
 
 } // namespace
 
-bool appendUnchanged(Text& output, const detail::CardLines& lines,
-                     const StoredParts::Properties& properties, VersionCode version,
-                     DateFormatter* formatter) {
-  if (lines.version == 0 || lines.count > UnchangedCard::kMost || version < 2 || version > 4) {
+bool appendUnchanged(Text& output, const VCard& card, const detail::CardLines& lines,
+                     VersionCode version, DateFormatter* formatter) {
+  if (lines.version == 0 || lines.count > kMostLines || version < 2 || version > 4) {
     return false;
   }
-  UnchangedCard card(output, properties, version, formatter);
-  if (!card.order(lines)) {
+  UnchangedCard unchanged(output, card, lines, version, formatter);
+  if (!unchanged.rewrite()) {
     return false;
   }
-  card.write();
+  unchanged.write();
   return true;
 }
 

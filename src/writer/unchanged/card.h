@@ -1,18 +1,15 @@
 #pragma once
 
 #include "cardwright/vcard.h"
-#include "model/stored_parts.h"
 
 namespace cardwright {
 
 /// Appends what VCard::generate appends for a card of which nothing was changed since it was read,
 /// from the lines that it was read from. What it consists of lies scattered in memory and is only
 /// looked at for lines that are not of the ordinary forms.
-/// @param lines      the card's lines
-/// @param properties what was made of them
+/// @param lines what it was read from
 /// @returns false, and leaves the output as it was, for a card that is not plain enough
-[[nodiscard]] bool appendUnchanged(Text& output, const detail::CardLines& lines,
-                                   const StoredParts::Properties& properties, VersionCode version,
-                                   DateFormatter* formatter);
+[[nodiscard]] bool appendUnchanged(Text& output, const VCard& card, const detail::CardLines& lines,
+                                   VersionCode version, DateFormatter* formatter);
 
 } // namespace cardwright

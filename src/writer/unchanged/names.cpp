@@ -2,6 +2,7 @@
 
 #include "model/known_name_table.h"
 #include "model/value_types.h"
+#include "writer/companions.h"
 #include "writer/order.h"
 
 #include <array>
@@ -21,7 +22,8 @@ constexpr auto kWrittenNames = [] {
     const auto& [name, types] = kRows[i];
     rows[i] = {name,
                {orderOf(propertyRank(name), name), orderOf(parameterRank(name), name), types.below4,
-                types.type, classOf(types.below4), classOf(types.type), isMultiValueName(name)}};
+                types.type, classOf(types.below4), classOf(types.type), isMultiValueName(name),
+                name == kLabelKey || name == kAddressFormatKey}};
   }
   return NameTable(rows);
 }();

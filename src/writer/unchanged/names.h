@@ -17,7 +17,8 @@ struct WrittenName {
   TextView type;
   ValueClass classBelow4; ///< that these select
   ValueClass valueClass;
-  bool isList; ///< whether the value is a list of values
+  bool isList;      ///< whether the value is a list of values
+  bool isCompanion; ///< whether it is written behind the properties that it describes
 };
 
 /// The row of a name without regard to the case of ASCII letters, or null.

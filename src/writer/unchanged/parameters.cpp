@@ -71,13 +71,13 @@ class Items {
 class ParameterWriting {
  public:
   ParameterWriting(Units& output, TextView line, TextView key, VersionCode version, std::size_t& at,
-                   std::optional<TextView>& statedType) noexcept
+                   StatedForm& stated) noexcept
       : m_output(output),
         m_line(line),
         m_key(key),
         m_version(version),
         m_at(at),
-        m_statedType(statedType) {}
+        m_stated(stated) {}
 
   bool write() {
     Items items;
@@ -94,7 +94,14 @@ class ParameterWriting {
       return false;
     }
     for (const Item& item : items) {
-      write(item);
+      // The value is written decoded.
+      if (!m_stated.isQuotedPrintable || (item.parameter.name != cVCardParameter_ENCODING &&
+                                          item.parameter.name != cVCardParameter_CHARSET)) {
+        write(item);
+      }
+    }
+    if (m_stated.isQuotedPrintable && m_version == 2) {
+      m_output.append(u";CHARSET=UTF-8");
     }
     return true;
   }
@@ -112,10 +119,6 @@ class ParameterWriting {
     Item item{};
     item.parameter.name = known != nullptr ? known->name : name;
     item.parameter.order = known != nullptr ? known->value.parameterOrder : orderOfOther(beginning);
-    m_isEncoding = item.parameter.name == cVCardParameter_ENCODING;
-    if (item.parameter.name == cVCardParameter_CHARSET || (m_isEncoding && m_version == 2)) {
-      return false;
-    }
     if (isBare) {
       item.value = word;
       if (!items.add(item)) {
@@ -157,11 +160,24 @@ class ParameterWriting {
     if (item.value.empty() || m_at >= m_line.size()) {
       return false;
     }
-    if (m_isEncoding && ParameterName::equalUpper(item.value, u"QUOTED-PRINTABLE")) {
-      return false;
-    }
-    if (!m_statedType && item.parameter.name == cVCardParameter_VALUE) {
-      m_statedType = item.value;
+    return takeForm(item);
+  }
+
+  /// Looks at what the parameter says of the value. The first of several counts.
+  bool takeForm(const Item& item) {
+    const TextView name = item.parameter.name;
+    if (name == cVCardParameter_VALUE && !m_stated.type) {
+      m_stated.type = item.value;
+    } else if (name == cVCardParameter_CHARSET) {
+      return ParameterName::equalUpper(item.value, u"UTF-8");
+    } else if (name == cVCardParameter_ENCODING) {
+      const bool isQuotedPrintable =
+          ParameterName::equalUpper(item.value, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
+      if (m_hasEncoding || (m_version == 2 && !isQuotedPrintable)) {
+        return false; // In 2.1, an empty line may have to follow.
+      }
+      m_hasEncoding = true;
+      m_stated.isQuotedPrintable = isQuotedPrintable;
     }
     return true;
   }
@@ -194,15 +210,15 @@ class ParameterWriting {
   TextView m_key;
   VersionCode m_version;
   std::size_t& m_at;
-  std::optional<TextView>& m_statedType;
-  bool m_isEncoding = false; ///< whether this is the parameter that is being read
+  StatedForm& m_stated;
+  bool m_hasEncoding = false;
 };
 
 } // namespace
 
 bool rewriteParameters(Units& output, TextView line, TextView key, VersionCode version,
-                       std::size_t& at, std::optional<TextView>& statedType) {
-  return ParameterWriting(output, line, key, version, at, statedType).write();
+                       std::size_t& at, StatedForm& stated) {
+  return ParameterWriting(output, line, key, version, at, stated).write();
 }
 
 } // namespace cardwright

@@ -11,13 +11,17 @@ namespace cardwright {
 /// So many items of parameters are put in order; lines with more are left to their properties.
 inline constexpr std::size_t kMostItems = 12;
 
+/// What parameters say of how the value is to be read.
+struct StatedForm {
+  std::optional<TextView> type;   ///< the first value of VALUE, if there is any
+  bool isQuotedPrintable = false; ///< in UTF-8
+};
+
 /// Appends the parameters of a line that was read as they are written.
-/// @param key        the upper-cased name of the property
-/// @param at         where the first ";" stands; moved to the colon
-/// @param statedType the first value of VALUE, if there is any
+/// @param key the upper-cased name of the property
+/// @param at  where the first ";" stands; moved to the colon
 /// @returns false where the texts have to be known
 [[nodiscard]] bool rewriteParameters(Units& output, TextView line, TextView key,
-                                     VersionCode version, std::size_t& at,
-                                     std::optional<TextView>& statedType);
+                                     VersionCode version, std::size_t& at, StatedForm& stated);
 
 } // namespace cardwright

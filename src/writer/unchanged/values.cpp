@@ -1,10 +1,7 @@
 #include "writer/unchanged/values.h"
 
 #include "base/ascii.h"
-#include "base/case.h"
-#include "base/scan_lanes.h"
 #include "base/whitespace.h"
-#include "cardwright/vocabulary.h"
 #include "values/source_text.h"
 #include "values/valid_xml.h"
 
@@ -16,8 +13,13 @@ namespace {
 
 class ValueWriting {
  public:
-  ValueWriting(Units& output, TextView value, const ValueForm& form, VersionCode version) noexcept
-      : m_output(output), m_value(value), m_form(form), m_version(version) {}
+  ValueWriting(Units& output, const ReadableText& value, const ValueForm& form,
+               VersionCode version) noexcept
+      : m_output(output),
+        m_readable(value),
+        m_value(value.text),
+        m_form(form),
+        m_version(version) {}
 
   bool write() {
     switch (m_form.valueClass) {
@@ -91,22 +93,25 @@ class ValueWriting {
   /// many units it has written, 0 where it cannot.
   template <typename Write>
   bool writePlain(Write write) {
-    std::size_t copied = m_at;
-    for (std::size_t at = findUnplain(m_value, m_at); at < m_value.size();) {
+    std::size_t at = m_output.appendPlain(m_readable, 0);
+    while (at < m_value.size()) {
       if (isPlainAt(at)) {
-        at = findUnplain(m_value, at + (isHighSurrogate(m_value[at]) ? 2 : 1));
-        continue;
+        // A high surrogate that is valid begins a pair.
+        const std::size_t length = isHighSurrogate(m_value[at]) ? 2 : 1;
+        m_output.appendCharacter(m_value.substr(at, length));
+        at += length;
+      } else {
+        const std::size_t length = write(at);
+        if (length == 0) {
+          return false;
+        }
+        at += length;
       }
-      m_output.appendLong(m_value.substr(copied, at - copied));
-      const std::size_t length = write(at);
-      if (length == 0) {
-        return false;
+      // Separators often follow each other.
+      if (at < m_value.size() && m_value[at] != u';') {
+        at = m_output.appendPlain(m_readable, at);
       }
-      at += length;
-      copied = at;
-      at = findUnplain(m_value, at);
     }
-    m_output.appendLong(m_value.substr(copied));
     return true;
   }
 
@@ -146,7 +151,7 @@ class ValueWriting {
 
   bool writeSlots(std::size_t count) {
     std::size_t slots = 1;
-    std::size_t pieceBegin = m_at;
+    std::size_t pieceBegin = 0;
     // Blanks around a piece are not read, and an empty piece stands only in an empty slot.
     const auto isPiece = [&](std::size_t end, bool mayBeEmpty) {
       return pieceBegin == end ? mayBeEmpty
@@ -178,7 +183,7 @@ class ValueWriting {
 
   /// Pieces between commas without blanks around them, which are not read.
   bool writeList() {
-    std::size_t pieceBegin = m_at;
+    std::size_t pieceBegin = 0;
     const auto isPiece = [&](std::size_t end) {
       return pieceBegin == end ||
              (!isWhitespace(m_value[pieceBegin]) && !isWhitespace(m_value[end - 1]));
@@ -203,18 +208,17 @@ class ValueWriting {
   }
 
   bool writeDate() {
-    const TextView text = m_value.substr(m_at);
-    const auto isOfType = [this](TextView type) {
-      return m_form.type == type || equalIgnoringCase(m_form.type, type);
-    };
-    const bool isSound = text.ends_with(u'Z')
-                             ? isOrdinaryDateTime(text) && (isOfType(cVCardValue_TIMESTAMP) ||
-                                                            isOfType(cVCardValue_DATE_TIME) ||
-                                                            isOfType(cVCardValue_DATE_AND_OR_TIME))
-                             : isOrdinaryDate(text) && (isOfType(cVCardValue_DATE_AND_OR_TIME) ||
-                                                        isOfType(cVCardValue_DATE));
+    const TextView text = m_value;
+    const bool isSound = text.ends_with(u'Z') ? m_form.mayBeInstant && isOrdinaryDateTime(text)
+                                              : m_form.mayBeDate && isOrdinaryDate(text);
     if (!isSound) {
       return false;
+    }
+    const bool hasHyphens = text[4] == u'-';
+    const bool hasColons = text.size() < 12 ? hasHyphens : text[text.find(u'T') + 3] == u':';
+    if (hasHyphens == hasColons && hasHyphens == (m_version == 3)) {
+      m_output.append(text);
+      return true;
     }
     std::size_t digits = 0;
     for (const char16_t unit : text) {
@@ -236,7 +240,7 @@ class ValueWriting {
 
   /// Hours and minutes, with a colon between them or not.
   bool writeOffset() {
-    const TextView text = m_value.substr(m_at);
+    const TextView text = m_value;
     if (!isOrdinaryOffset(text) || text == u"-0000" || text == u"-00:00") {
       return false;
     }
@@ -285,15 +289,17 @@ class ValueWriting {
   }
 
   Units& m_output;
-  TextView m_value;
+  const ReadableText& m_readable;
+  TextView m_value; ///< the same, only what counts
   const ValueForm& m_form;
   VersionCode m_version;
-  std::size_t m_at = 0;
+  std::size_t m_at = 0; ///< in a position
 };
 
 } // namespace
 
-bool rewriteValue(Units& output, TextView value, const ValueForm& form, VersionCode version) {
+bool rewriteValue(Units& output, const ReadableText& value, const ValueForm& form,
+                  VersionCode version) {
   return ValueWriting(output, value, form, version).write();
 }
 

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "base/scan_lanes.h"
+#include "writer/unchanged/header.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace cardwright {
+
+/// Remembers how headers are rewritten: the lines of an address book have a few dozen different
+/// ones, and what is long to find out is quickly looked up. Belongs to one thread.
+class HeaderMemory {
+ public:
+  /// The one of the calling thread.
+  [[nodiscard]] static HeaderMemory& ofThread();
+
+  struct Found {
+    LineHeader header; ///< only its name where it was not rewritten
+    bool isRewritten;  ///< false where only the property can tell
+  };
+
+  /// The same as nameOf and rewriteHeader, and appends nothing where that fails.
+  /// @returns what the memory holds until the next call; null where nameOf finds no name
+  [[nodiscard]] const Found* rewrite(Units& output, const ReadableText& line, VersionCode readAs,
+                                     VersionCode version);
+
+ private:
+  /// Longer headers are rewritten each time.
+  static constexpr std::size_t kLongest = 64;
+  static constexpr std::size_t kLongestWritten = 96;
+  /// So many are remembered; with the next one, all are forgotten.
+  static constexpr std::size_t kMost = 128;
+  /// Headers that would share more places are not remembered.
+  static constexpr std::size_t kProbes = 8;
+
+  /// The front of a line up to its colon, a byte for each unit, zero behind it.
+  struct Key {
+    std::array<std::uint64_t, kLongest / sizeof(std::uint64_t)> words;
+
+    friend bool operator==(const Key& a, const Key& b) noexcept {
+      std::uint64_t difference = 0;
+      for (std::size_t i = 0; i < a.words.size(); ++i) {
+        difference |= a.words[i] ^ b.words[i];
+      }
+      return difference == 0;
+    }
+  };
+
+  struct Entry {
+    Key key{}; ///< of zeros for none
+    VersionCode readAs = 0;
+    VersionCode version = 0;
+    Found found{};
+    std::size_t size = 0; ///< of what is written
+    std::array<char16_t, kLongestWritten> written{};
+  };
+
+  [[nodiscard]] const Found* rewriteAfresh(Units& output, TextView line, VersionCode readAs,
+                                           VersionCode version);
+  void remember(std::size_t place, const Entry& entry);
+  [[nodiscard]] static bool keyOf(const ReadableText& line, Key& key) noexcept;
+  [[nodiscard]] static std::size_t placeOf(const Key& key) noexcept;
+
+  std::vector<Entry> m_entries;
+  /// Number of an entry, and one more, at its hash or a place behind it; 0 for none.
+  std::array<std::uint8_t, 4 * kMost> m_places{};
+  Found m_fresh{}; ///< of the last header that was not looked up
+};
+
+} // namespace cardwright
