@@ -221,18 +221,36 @@ char16_t united(TextView text) noexcept {
   return static_cast<char16_t>(_mm_extract_epi16(all, 0));
 }
 
-/// How many bytes of UTF-8 a block of units takes.
-std::size_t utf8BytesOf(__m128i units) noexcept {
+/// How many bytes of UTF-8 less than three each unit of a block takes, in the first eight lanes.
+__m128i utf8BytesSaved(__m128i units) noexcept {
   const auto isAtMost = [units](int most) {
     const __m128i beyond = _mm_subs_epu16(units, _mm_set1_epi16(static_cast<short>(most)));
     return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
   };
-  // A byte of one for each unit and each limit that it keeps.
-  const __m128i saved =
-      _mm_and_si128(_mm_packs_epi16(isAtMost(0x7F), isAtMost(0x7FF)), _mm_set1_epi8(1));
-  const __m128i sums = _mm_sad_epu8(saved, _mm_setzero_si128());
-  return 3 * kBlock - static_cast<std::size_t>(_mm_extract_epi16(sums, 0)) -
-         static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+  // A limit that is kept is minus one.
+  const __m128i kept = _mm_add_epi16(isAtMost(0x7F), isAtMost(0x7FF));
+  return _mm_sub_epi8(_mm_setzero_si128(), _mm_packs_epi16(kept, kept));
+}
+
+/// How many bytes of UTF-8 a block of units takes.
+std::size_t utf8BytesOf(__m128i units) noexcept {
+  const __m128i sums = _mm_sad_epu8(utf8BytesSaved(units), _mm_setzero_si128());
+  return 3 * kBlock - static_cast<std::size_t>(_mm_extract_epi16(sums, 0));
+}
+
+/// How many units of a block fit into so many bytes of UTF-8, which do not hold all of
+/// them.
+/// @param bytes is made what they leave of it
+std::size_t unitsWithin(__m128i units, std::size_t& bytes) noexcept {
+  constexpr std::uint64_t kEach = 0x0101010101010101U;
+  constexpr std::uint64_t kMarks = 0x80 * kEach;
+  const auto saved = static_cast<std::uint64_t>(_mm_cvtsi128_si64(utf8BytesSaved(units)));
+  // Each byte of the product is the sum of those up to it.
+  const std::uint64_t ends = (3 * kEach - saved) * kEach;
+  const std::uint64_t fitting = ((bytes * kEach | kMarks) - ends) & kMarks;
+  const auto count = static_cast<std::size_t>(std::popcount(fitting));
+  bytes -= count == 0 ? 0 : ends >> 8 * (count - 1) & 0xFFU;
+  return count;
 }
 
 std::size_t mostUtf8Bytes(TextView text) noexcept {
@@ -244,16 +262,19 @@ std::size_t mostUtf8Bytes(TextView text) noexcept {
   return bytes + mostUtf8BytesPlainly(text.substr(at));
 }
 
-std::size_t blocksWithin(TextView text, std::size_t begin, std::size_t& bytes) noexcept {
+std::size_t unitsSurelyWithin(TextView text, std::size_t begin, std::size_t& bytes) noexcept {
   std::size_t at = begin;
   for (; text.size() - at >= kBlock; at += kBlock) {
     const __m128i units = loadUnits(text.data() + at);
     const __m128i surrogates =
         _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xF800))),
                         _mm_set1_epi16(static_cast<short>(0xD800)));
-    const std::size_t needed = utf8BytesOf(units);
-    if (needed > bytes || _mm_movemask_epi8(surrogates) != 0) {
+    if (_mm_movemask_epi8(surrogates) != 0) {
       break;
+    }
+    const std::size_t needed = utf8BytesOf(units);
+    if (needed > bytes) {
+      return at - begin + unitsWithin(units, bytes);
     }
     bytes -= needed;
   }
@@ -368,15 +389,22 @@ void storeUnits(char16_t* output, __m128i units) noexcept {
   _mm_storeu_si128(reinterpret_cast<__m128i*>(output), units); // NOLINT: unaligned by design
 }
 
-/// Whether any of sixteen units as bytes is unplain, or beyond 0x7FFF, which became zero.
-bool mayBeUnplain(__m128i bytes) noexcept {
+/// Whether any of sixteen units may be unplain: all are that are, and few that are not.
+bool mayBeUnplain(__m128i first, __m128i second) noexcept {
+  const __m128i surelyPlain = _mm_set1_epi16(static_cast<short>(kFirstUncertain - 1));
+  const __m128i beyond =
+      _mm_or_si128(_mm_subs_epu16(first, surelyPlain), _mm_subs_epu16(second, surelyPlain));
+  // Without its highest bit, a unit above a byte becomes 0xFF. A few beyond 0x7FFF look like signs.
+  const __m128i low = _mm_set1_epi16(0x7FFF);
+  const __m128i bytes = _mm_packus_epi16(_mm_and_si128(first, low), _mm_and_si128(second, low));
   const auto isEqual = [bytes](int sign) {
     return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(sign)));
   };
   const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(u' ' - 1)), bytes);
   const __m128i signs = _mm_or_si128(_mm_or_si128(isEqual(','), isEqual(';')),
                                      _mm_or_si128(isEqual('\\'), isEqual(0x7F)));
-  return _mm_movemask_epi8(_mm_or_si128(controls, signs)) != 0;
+  const __m128i areSound = _mm_cmpeq_epi8(beyond, _mm_setzero_si128());
+  return _mm_movemask_epi8(_mm_andnot_si128(_mm_or_si128(controls, signs), areSound)) != 0xFFFF;
 }
 
 /// Whether all lanes are of ASCII.
@@ -391,34 +419,92 @@ std::size_t copyPlain(const ReadableText& readable, std::size_t begin, char16_t*
   const auto readableUnits = static_cast<std::size_t>(readable.readableEnd - text.data());
   char16_t* end = output;
   __m128i all = _mm_setzero_si128();
-  for (; text.size() - begin > kLanes; begin += kLanes, end += kLanes) {
-    const __m128i first = loadUnits(text.data() + begin);
-    const __m128i second = loadUnits(text.data() + begin + kBlock);
-    if (mayBeUnplain(_mm_packus_epi16(first, second))) {
+  std::size_t plain = kBlock;
+  while (begin < text.size() && readableUnits - begin >= kBlock && plain == kBlock) {
+    for (; text.size() - begin >= kLanes; begin += kLanes, end += kLanes) {
+      const __m128i first = loadUnits(text.data() + begin);
+      const __m128i second = loadUnits(text.data() + begin + kBlock);
+      if (mayBeUnplain(first, second)) {
+        break;
+      }
+      storeUnits(end, first);
+      storeUnits(end + kBlock, second);
+      all = _mm_or_si128(all, _mm_or_si128(first, second));
+    }
+    if (readableUnits - begin < kBlock) {
       break;
     }
-    storeUnits(end, first);
-    storeUnits(end + kBlock, second);
-    all = _mm_or_si128(all, _mm_or_si128(first, second));
-  }
-  while (begin < text.size() && readableUnits - begin >= kBlock) {
     const __m128i units = loadUnits(text.data() + begin);
     storeUnits(end, units);
     all = _mm_or_si128(all, units);
     // One more bit ends the count where nothing is found.
     const Bits found = unplainUnits(units) | 1U << 2 * kBlock;
-    const std::size_t plain = std::min(text.size() - begin, firstOf(found) / 2);
+    plain = std::min(text.size() - begin, firstOf(found) / 2);
     end += plain;
     begin += plain;
-    if (plain != kBlock) {
-      output = end;
-      isAscii = isAscii && areAscii(all);
-      return begin;
-    }
   }
   output = end;
   isAscii = isAscii && areAscii(all);
-  return copyPlainPlainly(text, begin, output, isAscii);
+  return plain != kBlock ? begin : copyPlainPlainly(text, begin, output, isAscii);
+}
+
+/// Sixteen units in which escapes are looked for.
+class EscapeLanes {
+ public:
+  EscapeLanes(__m128i first, __m128i second) noexcept
+      : m_bytes(_mm_packus_epi16(first, second)), m_first(first), m_second(second) {}
+
+  /// Whether there are only plain units and signs, and nothing that may look like one.
+  [[nodiscard]] bool areSound() const noexcept {
+    // What is beyond 0x7FFF became zero.
+    const __m128i controls =
+        _mm_cmpeq_epi8(_mm_min_epu8(m_bytes, _mm_set1_epi8(u' ' - 1)), m_bytes);
+    return _mm_movemask_epi8(_mm_or_si128(controls, isEqual(0x7F))) == 0;
+  }
+  [[nodiscard]] Bits equal(char sign) const noexcept {
+    return static_cast<Bits>(_mm_movemask_epi8(isEqual(sign)));
+  }
+  void store(char16_t* output) const noexcept {
+    storeUnits(output, m_first);
+    storeUnits(output + kBlock, m_second);
+  }
+
+ private:
+  [[nodiscard]] __m128i isEqual(char sign) const noexcept {
+    return _mm_cmpeq_epi8(m_bytes, _mm_set1_epi8(sign));
+  }
+
+  __m128i m_bytes;
+  __m128i m_first;
+  __m128i m_second;
+};
+
+std::size_t copyEscaped(TextView text, std::size_t begin, bool escapesSemicolons, char16_t*& output,
+                        bool& isAscii) noexcept {
+  char16_t* end = output;
+  __m128i all = _mm_setzero_si128();
+  Bits carried = 0; // whether the last unit is the backslash of an escape
+  for (; text.size() - begin >= kLanes; begin += kLanes, end += kLanes) {
+    const __m128i first = loadUnits(text.data() + begin);
+    const __m128i second = loadUnits(text.data() + begin + kBlock);
+    const EscapeLanes lanes(first, second);
+    if (carried != 0 || mayBeUnplain(first, second)) {
+      const Bits backslashes = lanes.equal('\\');
+      const Bits escaped = backslashes << 1U | carried;
+      const Bits semicolons = lanes.equal(';');
+      const Bits signs = lanes.equal(',') | (escapesSemicolons ? semicolons : 0U);
+      const Bits lacking = escaped & 0xFFFFU & ~(signs | lanes.equal('n'));
+      if (!lanes.areSound() || (lacking | (signs & ~escaped)) != 0) {
+        break;
+      }
+      carried = escaped >> kLanes;
+    }
+    lanes.store(end);
+    all = _mm_or_si128(all, _mm_or_si128(first, second));
+  }
+  output = end - carried;
+  isAscii = isAscii && areAscii(all);
+  return begin - carried;
 }
 
 std::size_t findUnsingle(TextView text, std::size_t begin) noexcept {
@@ -456,8 +542,8 @@ std::size_t mostUtf8Bytes(TextView text) noexcept {
   return mostUtf8BytesPlainly(text);
 }
 
-std::size_t blocksWithin(TextView /*text*/, std::size_t /*begin*/,
-                         std::size_t& /*bytes*/) noexcept {
+std::size_t unitsSurelyWithin(TextView /*text*/, std::size_t /*begin*/,
+                              std::size_t& /*bytes*/) noexcept {
   return 0;
 }
 
@@ -468,6 +554,11 @@ std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
 std::size_t copyPlain(const ReadableText& readable, std::size_t begin, char16_t*& output,
                       bool& isAscii) noexcept {
   return copyPlainPlainly(readable.text, begin, output, isAscii);
+}
+
+std::size_t copyEscaped(TextView /*text*/, std::size_t begin, bool /*escapesSemicolons*/,
+                        char16_t*& /*output*/, bool& /*isAscii*/) noexcept {
+  return begin;
 }
 
 std::size_t findUnsingle(TextView text, std::size_t begin) noexcept {

@@ -48,11 +48,11 @@ struct HeaderMarks {
 [[nodiscard]] char16_t united(TextView text) noexcept;
 [[nodiscard]] char16_t unitedPlainly(TextView text) noexcept;
 
-/// How many units from `begin` on surely fit into so many bytes of UTF-8: the last ones may be left
-/// to be counted one by one. Stops in front of halves of pairs.
+/// How many units from `begin` on surely fit into so many bytes of UTF-8: before halves of pairs
+/// and the text's end, some are left to be counted one by one.
 /// @param bytes is made what the units leave of it
-[[nodiscard]] std::size_t blocksWithin(TextView text, std::size_t begin,
-                                       std::size_t& bytes) noexcept;
+[[nodiscard]] std::size_t unitsSurelyWithin(TextView text, std::size_t begin,
+                                            std::size_t& bytes) noexcept;
 
 /// The first place of one of two ASCII characters from `begin` on, or the text's end.
 [[nodiscard]] std::size_t findEither(TextView text, std::size_t begin, char one,
@@ -85,6 +85,12 @@ inline constexpr std::size_t kCopiedBeyond = 8;
                                     char16_t*& output, bool& isAscii) noexcept;
 [[nodiscard]] std::size_t copyPlainPlainly(TextView text, std::size_t begin, char16_t*& output,
                                            bool& isAscii) noexcept;
+
+/// The same over escapes that are as they are written: a backslash and one of "," "n" and, with
+/// `escapesSemicolons`, ";", which are else no unplain units. May stop before any unit, for
+/// copyPlain to look at it, but never between a backslash and what stands behind it.
+[[nodiscard]] std::size_t copyEscaped(TextView text, std::size_t begin, bool escapesSemicolons,
+                                      char16_t*& output, bool& isAscii) noexcept;
 
 /// The first unit from `begin` on that is no ASCII or is a CR, or the text's end. All before it
 /// are characters by themselves, but for the last one, which what follows may join.

@@ -26,8 +26,7 @@ struct StoredParts {
   of(const VCardMultiValue& value) noexcept {
     return value.m_values;
   }
-  static void fetch(const VCard& card) { fetch(card.properties()); }
-  static void fetch(const Properties& properties) noexcept { VCard::fetchProperties(properties); }
+  static void fetch(const VCard& card) { VCard::fetchProperties(card.properties()); }
 };
 
 } // namespace cardwright

@@ -5,6 +5,8 @@
 #include "base/scan_lanes.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace cardwright {
 
@@ -58,7 +60,7 @@ class LineCutter {
   /// not fit and those before it tell where a character ends.
   std::size_t lengthWithin(std::size_t limit) {
     std::size_t room = limit;
-    std::size_t end = m_begin + blocksWithin(m_line, m_begin, room);
+    std::size_t end = m_begin + unitsSurelyWithin(m_line, m_begin, room);
     while (end < m_line.size()) {
       const char32_t codePoint = codePointAt(m_line, end);
       const std::size_t bytes = cardwright::utf8Length(codePoint);
@@ -113,16 +115,64 @@ class LineCutter {
   std::size_t m_bytes = 0;  ///< length of that character
 };
 
+/// Gathers physical lines before they go into a text, for which each piece is a call.
+class PhysicalLines {
+ public:
+  explicit PhysicalLines(Text& output) noexcept : m_output(output) {}
+  PhysicalLines(const PhysicalLines&) = delete;
+  PhysicalLines& operator=(const PhysicalLines&) = delete;
+  ~PhysicalLines() { flush(); }
+
+  void append(TextView piece) {
+    if (m_units.size() - m_used < piece.size() + kCrLf.size()) {
+      flush();
+      if (piece.size() > m_units.size() / 2) {
+        m_output.append(piece).append(kCrLf);
+        return;
+      }
+    }
+    put(piece);
+    put(kCrLf);
+  }
+  void appendContinuation(TextView piece) {
+    if (m_used == m_units.size()) {
+      flush();
+    }
+    m_units[m_used++] = u' ';
+    append(piece);
+  }
+
+ private:
+  void put(TextView piece) noexcept {
+    // The length of most lines is known to the compiler.
+    constexpr std::size_t kMostOften = kLineBytes - 1;
+    char16_t* const units = m_units.data() + m_used;
+    if (piece.size() == kMostOften) {
+      std::memcpy(units, piece.data(), kMostOften * sizeof(char16_t));
+    } else {
+      std::copy(piece.begin(), piece.end(), units);
+    }
+    m_used += piece.size();
+  }
+
+  void flush() {
+    m_output.append(m_units.data(), m_used);
+    m_used = 0;
+  }
+
+  Text& m_output;
+  std::size_t m_used = 0;
+  std::array<char16_t, 2048> m_units; // NOLINT: filled as far as m_used tells
+};
+
 } // namespace
 
 void appendFolded(Text& output, TextView line) {
+  PhysicalLines lines(output);
   LineCutter cutter(line);
-  output.append(cutter.next(kLineBytes));
-  output.append(kCrLf);
+  lines.append(cutter.next(kLineBytes));
   while (!cutter.atEnd()) {
-    output.push_back(u' ');
-    output.append(cutter.next(kLineBytes - 1));
-    output.append(kCrLf);
+    lines.appendContinuation(cutter.next(kLineBytes - 1));
   }
 }
 

@@ -80,6 +80,55 @@ TEST(ScanLanes, copyUpToWhatIsUnplain) {
   }
 }
 
+/// Whether an escaped text is written as it stands.
+bool isWrittenSo(TextView text, bool escapesSemicolons) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto isSign = [&](char16_t unit) {
+      return unit == u',' || (escapesSemicolons && unit == u';');
+    };
+    if (text[at] == u'\\') {
+      ++at;
+      if (at == text.size() || (text[at] != u'n' && !isSign(text[at]))) {
+        return false;
+      }
+    } else if (isSign(text[at]) ||
+               (text[at] != u';' && findUnplainPlainly(text.substr(at, 1), 0) == 0)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+TEST(ScanLanes, copyEscapesThatAreWrittenSo) {
+  static constexpr std::array<TextView, 14> kPieces = {
+      u"\\n",    u"\\,",    u"\\;",      u";",      u",",      u"\\",      u"\\\\",
+      u"\x805C", u"\x802C", u"\\\x806E", u"\x0107", u"\xD83D", u"a\u00E9", u"\t"};
+  RandomSource random(testSeed());
+  std::size_t copiedUnits = 0;
+  for (int round = 0; round < 100'000; ++round) {
+    Text text;
+    while (text.size() < 60) {
+      text += random.chance(random.oneIn(2) ? 95 : 70) ? u"b" : random.oneOf(kPieces);
+    }
+    const bool escapesSemicolons = random.oneIn(2);
+    const std::size_t begin = random.below(text.size() + 1);
+    Text copied(text.size() - begin, u'#');
+    char16_t* to = copied.data();
+    bool isAscii = true;
+    const std::size_t end = copyEscaped(text, begin, escapesSemicolons, to, isAscii);
+    ASSERT_GE(end, begin);
+    ASSERT_EQ(to - copied.data(), static_cast<std::ptrdiff_t>(end - begin));
+    const TextView part = TextView(text).substr(begin, end - begin);
+    ASSERT_EQ(TextView(copied).substr(0, part.size()), part);
+    ASSERT_TRUE(isWrittenSo(part, escapesSemicolons)) << round;
+    ASSERT_TRUE(!isAscii || std::all_of(part.begin(), part.end(), cardwright::isAscii));
+    copiedUnits += part.size();
+  }
+#if defined(__SSE2__)
+  EXPECT_GT(copiedUnits, 100'000U);
+#endif
+}
+
 TEST(ScanLanes, copyEveryPlainUnit) {
   for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
     Text text(40, u'a');
@@ -110,11 +159,17 @@ TEST(ScanLanes, takeBlocksThatFit) {
     const std::size_t begin = random.below(text.size() + 1);
     const std::size_t room = random.below(100);
     std::size_t left = room;
-    const std::size_t count = blocksWithin(text, begin, left);
+    const std::size_t count = unitsSurelyWithin(text, begin, left);
     ASSERT_LE(begin + count, text.size());
     const TextView taken = TextView(text).substr(begin, count);
     ASSERT_EQ(room - left, mostUtf8BytesPlainly(taken));
     ASSERT_TRUE(std::none_of(taken.begin(), taken.end(), isHighSurrogate));
+#if defined(__SSE2__)
+    const TextView block = TextView(text).substr(begin + count, 8);
+    if (block.size() == 8 && std::none_of(block.begin(), block.end(), isHighSurrogate)) {
+      ASSERT_GT(utf8Length(block.front()), left) << "one more would have fitted";
+    }
+#endif
   }
 }
 

@@ -47,6 +47,13 @@ class Units {
   [[nodiscard]] std::size_t appendPlain(const ReadableText& text, std::size_t at) noexcept {
     return copyPlain(text, at, m_end, m_isAscii);
   }
+  /// Appends what is plain, or written in escapes of a text, from some place on, but perhaps
+  /// nothing. Semicolons count as plain where they are not escaped.
+  /// @returns where that ends
+  [[nodiscard]] std::size_t appendEscaped(TextView text, std::size_t at,
+                                          bool escapesSemicolons) noexcept {
+    return copyEscaped(text, at, escapesSemicolons, m_end, m_isAscii);
+  }
   /// Appends a character that may be beyond ASCII.
   void appendCharacter(TextView character) noexcept {
     m_isAscii = m_isAscii && isAscii(character.front());

@@ -93,7 +93,13 @@ class ValueWriting {
   /// many units it has written, 0 where it cannot.
   template <typename Write>
   bool writePlain(Write write) {
-    std::size_t at = m_output.appendPlain(m_readable, 0);
+    return writePlain(write, [](std::size_t at) { return at; });
+  }
+
+  /// The same, where `skip` writes what it can at once, from a place on, and tells how far it came.
+  template <typename Write, typename Skip>
+  bool writePlain(Write write, Skip skip) {
+    std::size_t at = m_output.appendPlain(m_readable, skip(0));
     while (at < m_value.size()) {
       if (isPlainAt(at)) {
         // A high surrogate that is valid begins a pair.
@@ -109,14 +115,14 @@ class ValueWriting {
       }
       // Separators often follow each other.
       if (at < m_value.size() && m_value[at] != u';') {
-        at = m_output.appendPlain(m_readable, at);
+        at = m_output.appendPlain(m_readable, skip(at));
       }
     }
     return true;
   }
 
   bool writeText() {
-    return writePlain([this](std::size_t at) -> std::size_t {
+    const auto write = [this](std::size_t at) -> std::size_t {
       switch (m_value[at]) {
       case u'\\':
         return writeEscaped(at, m_version == 3) ? 2 : 0;
@@ -129,6 +135,9 @@ class ValueWriting {
       default:
         return 0;
       }
+    };
+    return writePlain(write, [this](std::size_t at) {
+      return m_output.appendEscaped(m_value, at, m_version == 3);
     });
   }
 
