@@ -31,7 +31,8 @@ unsigned byteAt(TextView value, std::size_t at) noexcept {
       !isAscii(value[at + 2])) {
     return kNone;
   }
-  return kDigits[value[at + 1]] << 4U | kDigits[value[at + 2]];
+  const unsigned high = kDigits[value[at + 1]];
+  return high << 4U | kDigits[value[at + 2]];
 }
 
 /// Appends the character beyond ASCII whose first byte is at `at`.
