@@ -44,7 +44,7 @@ class RewrittenCode : public testing::TestWithParam<TextView> {};
 TEST_P(RewrittenCode, isThatOfTheProperty) {
   const Text header = Text(GetParam()) + u";ENCODING=QUOTED-PRINTABLE:";
   EXPECT_GT(tryBetween(header, u"=0A2CDd3;,\\ \u00E9", u"0A"), 0U);
-  EXPECT_GT(tryBetween(header + u"=C3=A", u"=09AC3,;", u"=80x"), 0U);
+  EXPECT_GT(tryBetween(header + u"=C3=A", u"=09AC3,;", u"=41"), 0U);
   static_cast<void>(tryBetween(header + u"=EF=B", u"=BF8DE", u"=BF"));
   EXPECT_GT(tryBetween(Text(GetParam()) + u";CHARSET=UTF-8:", u"\\,;n \u00E9=4", u""), 0U);
 }
