@@ -47,6 +47,7 @@ struct CleanedFile {
   std::string bytes;
   std::optional<std::string> cleaned;
   CleanReport report;
+  ReadReport reading; ///< of what it holds afterwards, where that is asked for
 };
 
 /// Adds up what became of the files, where anybody wants to know.
@@ -56,18 +57,20 @@ class CleanSums {
       : m_wantsSums(!options.output.isQuiet && options.isWriting()),
         m_wantsReport(!options.output.reportFile.empty()) {}
 
-  /// @param file is let go piece by piece, for it is counted by reading it
-  void add(CleanedFile file, Progress& progress) {
-    if (!m_wantsSums && !m_wantsReport) {
+  [[nodiscard]] bool isCounting() const noexcept { return m_wantsSums || m_wantsReport; }
+
+  void add(const CleanedFile& file, Progress& progress) {
+    if (!isCounting()) {
       return;
     }
     progress.begin("counting");
     const CleanReport& report = file.report;
     const std::vector<std::size_t> cards =
         cardsOfRepairs(file.bytes, report.decoding.encoding, report.repairs);
-    const HeldCounts before = countHeld(file.bytes, report.decoding.encoding);
-    file.bytes = {};
-    const HeldCounts after = file.cleaned ? countHeld(*file.cleaned, "UTF-8") : before;
+    HeldCounts after;
+    after.add(file.reading);
+    const HeldCounts before =
+        file.cleaned ? countHeld(file.bytes, report.decoding.encoding) : after;
     m_sums.addCleaning(before, after, report.repairs);
     m_sums.cardsRepaired += distinctCards(cards);
     if (m_wantsReport) {
@@ -86,15 +89,17 @@ class CleanSums {
   ReportJson m_json;
 };
 
+/// @param isCounting whether it is to be told how much the file holds
 std::optional<CleanedFile> cleanFile(const std::string& path, const CleanOptions& options,
-                                     Diagnostics& diagnostics) {
+                                     bool isCounting, Diagnostics& diagnostics) {
   std::optional<std::string> bytes = readFile(path, diagnostics);
   if (!bytes) {
     return std::nullopt;
   }
   diagnostics.progress().begin("repairing");
-  CleanedFile file{path, std::move(*bytes), std::nullopt, {}};
-  file.cleaned = cleanText(file.bytes, &file.report, options.reading.read.encoding);
+  CleanedFile file{path, std::move(*bytes), std::nullopt, {}, {}};
+  file.cleaned = cleanText(file.bytes, &file.report, options.reading.read.encoding,
+                           isCounting ? &file.reading : nullptr);
   if (file.cleaned && !file.cleaned->ends_with('\n')) {
     file.cleaned->append("\r\n");
   }
@@ -117,7 +122,8 @@ void cleanTo(Output& output, const CleanOptions& options, CleanSums& sums,
              Diagnostics& diagnostics) {
   bool isOpen = false;
   for (const std::string& path : options.reading.inputs()) {
-    std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
+    const std::optional<CleanedFile> file =
+        cleanFile(path, options, sums.isCounting(), diagnostics);
     if (!file) {
       continue;
     }
@@ -137,21 +143,22 @@ void cleanTo(Output& output, const CleanOptions& options, CleanSums& sums,
         return;
       }
     }
-    sums.add(std::move(*file), diagnostics.progress());
+    sums.add(*file, diagnostics.progress());
   }
 }
 
 /// A file that cannot be replaced counts as little as one that cannot be read.
 void cleanInPlace(const CleanOptions& options, CleanSums& sums, Diagnostics& diagnostics) {
   for (const std::string& path : options.reading.inputs()) {
-    std::optional<CleanedFile> file = cleanFile(path, options, diagnostics);
+    const std::optional<CleanedFile> file =
+        cleanFile(path, options, sums.isCounting(), diagnostics);
     if (!file) {
       continue;
     }
     const std::string& suffix = *options.backupSuffix;
     if (!file->cleaned ||
         replaceFile(path, *file->cleaned, diagnostics, {suffix.empty() ? suffix : path + suffix})) {
-      sums.add(std::move(*file), diagnostics.progress());
+      sums.add(*file, diagnostics.progress());
     }
   }
 }

@@ -32,7 +32,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     demand(reference.clean(text) == cleaned);
     demand(reference.summaries == cleaner.lastCleaningSummaries());
   }
-  CleanReport report;
-  static_cast<void>(cleanText(bytes, &report));
+  ReadReport told;
+  static_cast<void>(cleanText(bytes, nullptr, std::nullopt, &told));
+  ReadReport read;
+  static_cast<void>(readCards(bytes, &read));
+  demand(told.cards == read.cards && told.properties == read.properties);
+  demand(told.droppedLines.size() == read.droppedLines.size());
   return 0;
 }

@@ -14,7 +14,7 @@ struct HeldCounts {
   std::size_t cards = 0;
   std::size_t properties = 0; ///< the lines of cards that cannot be used among them
 
-  /// Adds what was read without repairs.
+  /// Adds what was read.
   void add(const ReadReport& report);
 };
 

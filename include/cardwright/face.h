@@ -50,11 +50,14 @@ struct CleanReport {
 /// @param bytes    a file in any encoding
 /// @param report   receives what was repaired; nothing of the result depends on it
 /// @param encoding see decodeFile; an unknown name counts as none
+/// @param reading  receives what readCards would report of the same bytes, without cards being
+/// made;
+///                 for programs that tell how much a file holds
 /// @returns the repaired text in UTF-8; absent when the file needs nothing, and is best kept byte
 ///          for byte. Bytes dropped in decoding are a repair too.
 [[nodiscard]] [[gnu::visibility("default")]] std::optional<std::string>
 cleanText(std::string_view bytes, CleanReport* report = nullptr,
-          std::optional<std::string_view> encoding = std::nullopt);
+          std::optional<std::string_view> encoding = std::nullopt, ReadReport* reading = nullptr);
 
 /// Writes cards so that the same cards are read again: nothing that a value, a parameter, a name or
 /// a group holds becomes structure, and nothing sound is lost. The cards themselves are not

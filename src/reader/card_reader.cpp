@@ -58,8 +58,9 @@ std::optional<std::uint64_t> plainlyStatedVersion(TextView line) {
 /// What is known of a card while its lines are read.
 class CardAssembly {
  public:
+  /// @param store null where no card is wanted
   CardAssembly(const std::shared_ptr<detail::LineStore>& store, ReadRecorder& recorder)
-      : m_store(store), m_first(store->lines.size()), m_recorder(recorder) {}
+      : m_store(store), m_first(store != nullptr ? store->lines.size() : 0), m_recorder(recorder) {}
 
   /// Takes one content line; true when it ends the card.
   bool take(TextView line, std::size_t offset) {
@@ -103,21 +104,24 @@ class CardAssembly {
     return take(line, simple.begin());
   }
 
-  /// The finished card, or null when none was begun.
+  /// The finished card, or null when none was begun or is wanted.
   std::shared_ptr<VCard> finish() {
     if (!m_hasCard) {
+      return nullptr;
+    }
+    m_recorder.cardRead();
+    if (m_store == nullptr) {
       return nullptr;
     }
     auto card = std::make_shared<VCard>();
     card->m_lines = {.store = m_store,
                      .first = m_first,
-                     .count = m_store->lines.size() - m_first,
+                     .count = m_count,
                      .countBeforeVersion = m_countBeforeVersion,
                      .version = m_version,
                      .changes = &m_store->changes.emplace_back(),
                      .arena = nullptr};
     card->m_isUnread.store(true, std::memory_order_relaxed);
-    m_recorder.cardRead();
     return card;
   }
 
@@ -136,19 +140,21 @@ class CardAssembly {
 
   /// @param version what a VERSION property states, otherwise 0
   void keepProperty(TextView line, std::uint64_t version) {
-    if (!isPartOf(line, m_store->text)) {
-      line = m_store->copies.emplace_front(line);
+    ++m_count;
+    if (m_store != nullptr) {
+      const bool isPart = isPartOf(line, m_store->text);
+      m_store->lines.push_back(isPart ? line : m_store->copies.emplace_front(line));
     }
-    m_store->lines.push_back(line);
     if (m_version == 0) {
       m_version = versionCode(version);
-      m_countBeforeVersion = m_store->lines.size() - m_first;
+      m_countBeforeVersion = m_count;
     }
     m_recorder.propertyRead();
   }
 
   const std::shared_ptr<detail::LineStore>& m_store;
   std::size_t m_first;
+  std::size_t m_count = 0; ///< of the properties
   bool m_hasCard = false;
   VersionCode m_version = 0;
   std::size_t m_countBeforeVersion = 0;
@@ -158,7 +164,9 @@ class CardAssembly {
 namespace {
 
 /// Reads the next card line by line into the store.
-std::shared_ptr<VCard> readLines(LineScanner& lines, SimpleLineCursor& simpleLines,
+/// @param text  what the lines are scanned from
+/// @param store null where no card is wanted
+std::shared_ptr<VCard> readLines(LineScanner& lines, TextView text, SimpleLineCursor& simpleLines,
                                  const std::shared_ptr<detail::LineStore>& store,
                                  ReadRecorder& recorder) {
   CardAssembly assembly(store, recorder);
@@ -168,8 +176,7 @@ std::shared_ptr<VCard> readLines(LineScanner& lines, SimpleLineCursor& simpleLin
   while (!isFinished) {
     const SimpleLine* const simple = simpleLines.at(lines.location());
     if (simple != nullptr && lines.stepOver(simple->begin() + simple->size())) {
-      isFinished =
-          assembly.take(*simple, TextView(store->text).substr(simple->begin(), simple->size()));
+      isFinished = assembly.take(*simple, text.substr(simple->begin(), simple->size()));
       continue;
     }
     if (!lines.next(line)) {
@@ -203,7 +210,7 @@ std::shared_ptr<VCard> readCard(TextView text, std::size_t& location, ReadingPar
   LineScanner lines(text, skipBlanks(text, start));
   SimpleLineCursor none({});
   std::shared_ptr<VCard> card =
-      readLines(lines, none, std::make_shared<detail::LineStore>(), *parties.recorder);
+      readLines(lines, text, none, std::make_shared<detail::LineStore>(), *parties.recorder);
   location = lines.location();
   if (parties.contactsParser != nullptr && location > start && location <= text.size()) {
     VCard::updateVCardUsingCNContactSerializer(card, text.substr(start, location - start),
@@ -224,7 +231,7 @@ VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingP
     std::shared_ptr<VCard> card;
     if (parties.contactsParser == nullptr) {
       LineScanner lines = LineScanner::inPlace(store->text, skipBlanks(store->text, location));
-      card = readLines(lines, known, store, *parties.recorder);
+      card = readLines(lines, store->text, known, store, *parties.recorder);
       location = lines.location();
     } else {
       // The other parser sees the card's text as it is.
@@ -238,6 +245,16 @@ VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store, ReadingP
     }
   }
   return cards;
+}
+
+void countAllCards(Text& text, ReadRecorder& recorder, const SimpleLines& simpleLines) {
+  SimpleLineCursor known(simpleLines.lines());
+  for (std::size_t location = 0; location < text.size();) {
+    const std::size_t before = location;
+    LineScanner lines = LineScanner::inPlace(text, skipBlanks(text, location));
+    static_cast<void>(readLines(lines, text, known, nullptr, recorder));
+    location = std::max(lines.location(), before + 1);
+  }
 }
 
 std::shared_ptr<VCard> VCard::vCardFromScanner(TextScanner* scanner,

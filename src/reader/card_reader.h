@@ -28,4 +28,8 @@ struct ReadingParties {
 [[nodiscard]] VCardList readAllCards(const std::shared_ptr<detail::LineStore>& store,
                                      ReadingParties parties, const SimpleLines& simpleLines = {});
 
+/// Tells the recorder what readAllCards would, and makes no cards.
+/// @param text is changed likewise
+void countAllCards(Text& text, ReadRecorder& recorder, const SimpleLines& simpleLines = {});
+
 } // namespace cardwright

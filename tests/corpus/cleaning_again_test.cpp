@@ -1,5 +1,6 @@
 #include "cardwright/face.h"
 #include "support/corpus_test.h"
+#include "support/same_reading.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,12 @@ TEST_F(CorpusCleaning, isOverAfterOnce) {
   std::size_t repaired = 0;
   for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
-    const auto once = cleanText(bytesOf(file));
+    const std::string bytes = bytesOf(file);
+    ReadReport told;
+    const auto once = cleanText(bytes, nullptr, std::nullopt, &told);
+    ReadReport read;
+    static_cast<void>(readCards(bytes, &read));
+    expectSameReading(told, read);
     if (once) {
       ++repaired;
       EXPECT_FALSE(cleanText(*once));

@@ -1,4 +1,7 @@
 #include "cardwright/face.h"
+#include "support/address_book.h"
+#include "support/same_reading.h"
+#include "support/seed.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +68,37 @@ TEST(CleanText, placesRepairsInTheFileAsItWas) {
   ASSERT_EQ(report.repairs.size(), 2U);
   EXPECT_EQ(report.repairs[0].kind, CleaningRepairKind::separators);
   EXPECT_EQ(report.repairs[1].place.offset, doubled.find("TEL"));
+}
+
+/// Expects what reading tells, of the text as it was and of what it became.
+void expectReadingToldFrom(const std::string& bytes) {
+  ReadReport told;
+  CleanReport cleaning;
+  const std::optional<std::string> cleaned = cleanText(bytes, &cleaning, std::nullopt, &told);
+  EXPECT_EQ(cleaned, cleanText(bytes)) << "whatever is asked for";
+  ReadReport read;
+  static_cast<void>(readCards(bytes, &read));
+  expectSameReading(told, read);
+  EXPECT_EQ(told.summaries, cleaning.summaries);
+}
+
+TEST(CleanText, tellsWhatReadingWould) {
+  expectReadingToldFrom("");
+  expectReadingToldFrom(kRepaired);
+  expectReadingToldFrom(kDamaged);
+  expectReadingToldFrom(kDamaged + "\r\nexported by a program\r\n");
+  expectReadingToldFrom("BEGIN:VCARD\r\r\nFN:a\r\r\nno colon\r\r\nEND:VCARD\r\r\n");
+  expectReadingToldFrom("BEGIN:VCARD\nVERSION:x\nFN:a\n b\n:\nEND:VCARD\n\nTEL:1\nEND:VCARD\n");
+  expectReadingToldFrom("BEGIN:VCARD\r\nFN:J\xC3\xBCrg \xC3\xA9\xFF\r\nEND:VCARD\r\n");
+}
+
+TEST(CleanText, tellsWhatReadingWouldOfAddressBooks) {
+  AddressBookOptions options;
+  options.cards = 300;
+  options.seed = testSeed();
+  const std::string sound = addressBook(options);
+  expectReadingToldFrom(sound);
+  expectReadingToldFrom(sound + "BEGIN:VCARD\r\nTEL:1EMAIL:x\r\nfolded\r\n:\r\nEND:VCARD\r\n");
 }
 
 } // namespace
