@@ -5,6 +5,7 @@
 #include "base/case.h"
 #include "base/icu_decoder.h"
 #include "base/name_table.h"
+#include "base/of_thread.h"
 #include "base/utf8_decoder.h"
 
 #include <algorithm>
@@ -134,8 +135,8 @@ const Encoding& encodingOf(Charset charset) noexcept {
 
 /// The calling thread's converter of a charset, opened when it is first asked for.
 IcuDecoder& decoderOf(Charset charset) {
-  thread_local std::array<std::optional<IcuDecoder>, kEncodingCount> decoders;
-  std::optional<IcuDecoder>& decoder = decoders[static_cast<std::size_t>(charset)];
+  using Decoders = std::array<std::optional<IcuDecoder>, kEncodingCount>;
+  std::optional<IcuDecoder>& decoder = ofThread<Decoders>()[static_cast<std::size_t>(charset)];
   if (!decoder) {
     decoder.emplace(icuName(charset));
   }

@@ -3,6 +3,7 @@
 #include "base/ascii.h"
 #include "base/fatal.h"
 #include "base/never_joining.h"
+#include "base/of_thread.h"
 
 #include <unicode/ubrk.h>
 #include <unicode/uchar.h>
@@ -139,8 +140,7 @@ struct SharedIterator {
 };
 
 SharedIterator& sharedIterator() {
-  thread_local SharedIterator shared;
-  return shared;
+  return ofThread<SharedIterator>();
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "base/slab_pool.h"
-#include "cardwright/detail/change_mark.h"
 #include "cardwright/text.h"
+#include "model/change_marks.h"
 
-#include <deque>
 #include <forward_list>
 #include <vector>
 
@@ -16,7 +15,7 @@ struct LineStore {
   Text text;                      ///< never changes its place
   std::forward_list<Text> copies; ///< lines that are no part of the text
   std::vector<TextView> lines;
-  std::deque<ChangeMark> changes; ///< one for each card, side by side, to be looked at in a row
+  ChangeMarks changes; ///< one for each card, for they are looked at in a row
   mutable SlabPool pool;          ///< for what the cards make of their lines
 };
 

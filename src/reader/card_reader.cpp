@@ -119,7 +119,7 @@ class CardAssembly {
                      .count = m_count,
                      .countBeforeVersion = m_countBeforeVersion,
                      .version = m_version,
-                     .changes = &m_store->changes.emplace_back(),
+                     .changes = &m_store->changes.add(),
                      .arena = nullptr};
     card->m_isUnread.store(true, std::memory_order_relaxed);
     return card;

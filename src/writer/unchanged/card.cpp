@@ -1,6 +1,7 @@
 #include "writer/unchanged/card.h"
 
 #include "base/case.h"
+#include "base/of_thread.h"
 #include "cardwright/vcard_utilities.h"
 #include "cardwright/vocabulary.h"
 #include "model/line_store.h"
@@ -85,7 +86,7 @@ class UnchangedCard {
         m_readAs(lines.version),
         m_version(version),
         m_formatter(formatter),
-        m_memory(HeaderMemory::ofThread()) {}
+        m_memory(ofThread<HeaderMemory>()) {}
 
   /// Rewrites each line for itself, and finds its place.
   bool rewrite() {

@@ -60,11 +60,6 @@ class HeaderBlock {
 
 #endif
 
-HeaderMemory& HeaderMemory::ofThread() {
-  thread_local HeaderMemory memory;
-  return memory;
-}
-
 const HeaderMemory::Found* HeaderMemory::rewriteAfresh(Units& output, TextView line,
                                                        VersionCode readAs, VersionCode version) {
   const std::optional<LineName> name = nameOf(line);
@@ -124,8 +119,8 @@ std::size_t HeaderMemory::placeOf(const Key& key) noexcept {
   constexpr std::array<std::uint64_t, 8> kFactors = {
       0x9E3779B97F4A7C15U, 0xBF58476D1CE4E5B9U, 0x94D049BB133111EBU, 0xD6E8FEB86659FD93U,
       0xC2B2AE3D27D4EB4FU, 0x165667B19E3779F9U, 0xFF51AFD7ED558CCDU, 0xC4CEB9FE1A85EC53U};
-  constexpr unsigned kUnusedBits = 64U - 9U;
-  static_assert(std::tuple_size_v<decltype(m_places)> == 1U << (64U - kUnusedBits));
+  constexpr unsigned kUnusedBits = 64U - 10U;
+  static_assert(kPlaces == 1U << (64U - kUnusedBits));
   static_assert(kFactors.size() == std::tuple_size_v<decltype(Key::words)>);
   const std::size_t used =
       key.words[kFactors.size() / 2] == 0 ? kFactors.size() / 2 : kFactors.size();
@@ -150,7 +145,7 @@ const HeaderMemory::Found* HeaderMemory::rewrite(Units& output, const ReadableTe
       output.appendBlocks(TextView(entry.written.data(), entry.size));
       return &entry.found;
     }
-    place = (place + 1) % m_places.size();
+    place = (place + 1) % kPlaces;
   }
   const std::size_t begin = output.size();
   const Found* const found = rewriteAfresh(output, line.text, readAs, version);
@@ -168,6 +163,7 @@ void HeaderMemory::remember(std::size_t place, const Entry& entry) {
     m_entries.clear();
     m_places = {};
   }
+  static_assert(kMost < UINT8_MAX);
   m_entries.push_back(entry);
   m_places[place] = static_cast<std::uint8_t>(m_entries.size());
 }

@@ -11,12 +11,9 @@
 namespace cardwright {
 
 /// Remembers how headers are rewritten: the lines of an address book have a few dozen different
-/// ones, and what is long to find out is quickly looked up. Belongs to one thread.
+/// ones, and what is long to find out is quickly looked up. Each thread has one.
 class HeaderMemory {
  public:
-  /// The one of the calling thread.
-  [[nodiscard]] static HeaderMemory& ofThread();
-
   struct Found {
     LineHeader header; ///< only its name where it was not rewritten
     bool isRewritten;  ///< false where only the property can tell
@@ -32,7 +29,8 @@ class HeaderMemory {
   static constexpr std::size_t kLongest = 64;
   static constexpr std::size_t kLongestWritten = 96;
   /// So many are remembered; with the next one, all are forgotten.
-  static constexpr std::size_t kMost = 128;
+  static constexpr std::size_t kMost = 250;
+  static constexpr std::size_t kPlaces = 1024;
   /// Headers that would share more places are not remembered.
   static constexpr std::size_t kProbes = 8;
 
@@ -66,7 +64,7 @@ class HeaderMemory {
 
   std::vector<Entry> m_entries;
   /// Number of an entry, and one more, at its hash or a place behind it; 0 for none.
-  std::array<std::uint8_t, 4 * kMost> m_places{};
+  std::array<std::uint8_t, kPlaces> m_places{};
   Found m_fresh{}; ///< of the last header that was not looked up
 };
 
