@@ -15,8 +15,8 @@ struct LineStore {
   Text text;                      ///< never changes its place
   std::forward_list<Text> copies; ///< lines that are no part of the text
   std::vector<TextView> lines;
-  ChangeMarks changes; ///< one for each card, for they are looked at in a row
-  mutable SlabPool pool;          ///< for what the cards make of their lines
+  ChangeMarks changes;   ///< one for each card, for they are looked at in a row
+  mutable SlabPool pool; ///< for what the cards make of their lines
 };
 
 } // namespace cardwright::detail

@@ -138,8 +138,7 @@ class ValueWriting {
     };
     return writePlain(write, [this](std::size_t at) {
       constexpr std::size_t kLong = 64; // Others seldom have escapes.
-      return m_value.size() - at < kLong ? at
-                                         : m_output.appendEscaped(m_value, at, m_version == 3);
+      return m_value.size() - at < kLong ? at : m_output.appendEscaped(m_value, at, m_version == 3);
     });
   }
 
