@@ -27,7 +27,7 @@ template <typename T>
       thread_local const Owner second;
     }
   }
-  return *object;
+  return *object; // NOLINT: owners go with their thread
 }
 
 } // namespace cardwright

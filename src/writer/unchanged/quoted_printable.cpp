@@ -10,15 +10,14 @@ namespace cardwright {
 
 namespace {
 
-constexpr unsigned kNone = 0x100;
+constexpr std::uint16_t kNone = 0x100;
 
 /// The value of each digit of ASCII, shifted beyond a byte where it is none.
 constexpr auto kDigits = [] {
   std::array<std::uint16_t, 128> digits{};
-  for (char16_t unit = 0; unit < digits.size(); ++unit) {
-    digits[unit] = isAsciiDigit(unit)             ? static_cast<std::uint16_t>(unit - u'0')
-                   : unit >= u'A' && unit <= u'F' ? static_cast<std::uint16_t>(unit - u'A' + 10)
-                                                  : static_cast<std::uint16_t>(kNone);
+  digits.fill(kNone);
+  for (std::uint16_t value = 0; value < 16; ++value) {
+    digits[static_cast<unsigned char>("0123456789ABCDEF"[value])] = value;
   }
   return digits;
 }();
