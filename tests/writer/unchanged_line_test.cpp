@@ -119,6 +119,12 @@ TEST(UnchangedLine, isWrittenDecoded) {
   EXPECT_EQ(decoded(u"=41", 2), u"FN;CHARSET=UTF-8:A");
   EXPECT_EQ(rewritten(u"N;ENCODING=QUOTED-PRINTABLE:a=3Bb;c,d=2C", 2, 3), u"N:a\\;b;c,d\\,;;;");
   EXPECT_EQ(rewritten(u"TITLE;CHARSET=UTF-8:\u00E9", 2, 3), u"TITLE;CHARSET=UTF-8:\u00E9");
+  EXPECT_EQ(rewritten(u"BDAY;CHARSET=UTF-8:1980-02-03", 3, 4), u"BDAY;CHARSET=UTF-8:19800203");
+  EXPECT_EQ(rewritten(u"REV;CHARSET=UTF-8:19800203T010203Z", 3, 4),
+            u"REV;CHARSET=UTF-8:19800203T010203Z");
+  EXPECT_EQ(rewritten(u"TZ;CHARSET=UTF-8:+01:00", 3, 4), u"TZ;CHARSET=UTF-8:+0100");
+  EXPECT_EQ(rewritten(u"GEO;CHARSET=UTF-8:1.000000;2.000000", 3, 3),
+            u"GEO;CHARSET=UTF-8:1.000000;2.000000");
 }
 
 TEST(UnchangedLine, isLeftToItsPropertyWhereItsHeaderIsVeryLong) {

@@ -34,8 +34,8 @@ constexpr std::size_t kMostLines = 64;
 /// One line of the card.
 struct CardLine {
   TextView key;
-  std::uint32_t groupSize; ///< 0 for no group
-  std::uint16_t begin;     ///< of what is written, in the room that all share
+  std::size_t groupSize; ///< 0 for no group
+  std::uint16_t begin;   ///< of what is written, in the room that all share
   std::uint16_t end;
   Left left;
   bool isCompanion;
@@ -75,7 +75,7 @@ class LineOrder {
 class UnchangedCard {
  public:
   UnchangedCard(Text& output, const VCard& card, const detail::CardLines& lines,
-                VersionCode version, DateFormatter* formatter) noexcept
+                VersionCode version, DateFormatter* formatter)
       : m_output(output),
         m_card(card),
         m_texts(lines.store->lines.data() + lines.first),
@@ -162,7 +162,7 @@ class UnchangedCard {
     }
     CardLine& line = m_lines[number];
     line.key = name->key(m_texts[number]);
-    line.groupSize = static_cast<std::uint32_t>(name->groupSize());
+    line.groupSize = name->groupSize();
     line.isCompanion = name->meaning != nullptr && name->meaning->isCompanion;
     m_order.add(m_lines.data(), number, name->order);
     return true;
