@@ -50,9 +50,8 @@ struct CleanReport {
 /// @param bytes    a file in any encoding
 /// @param report   receives what was repaired; nothing of the result depends on it
 /// @param encoding see decodeFile; an unknown name counts as none
-/// @param reading  receives what readCards would report of the same bytes, without cards being
-/// made;
-///                 for programs that tell how much a file holds
+/// @param reading  receives what readCards would report of the same bytes, though no cards are
+///                 made: for programs that tell how much a file holds
 /// @returns the repaired text in UTF-8; absent when the file needs nothing, and is best kept byte
 ///          for byte. Bytes dropped in decoding are a repair too.
 [[nodiscard]] [[gnu::visibility("default")]] std::optional<std::string>

@@ -51,7 +51,7 @@ TEST_P(RewrittenCode, isThatOfTheProperty) {
 
 INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenCode,
                          testing::Values(u"FN", u"N", u"ORG", u"NICKNAME", u"URL", u"X-OWN",
-                                         u"FN;CHARSET=utf-8"));
+                                         u"FN;CHARSET=utf-8", u"PHOTO", u"TEL;VALUE=uri"));
 
 class RewrittenNumbers : public testing::TestWithParam<TextView> {};
 

@@ -8,6 +8,7 @@
 #include "writer/unchanged/words.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace cardwright {
 
