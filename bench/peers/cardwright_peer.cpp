@@ -30,11 +30,8 @@ class Cardwright : public peers::Peer {
     constexpr VersionCode kVersion = 3;
     DateFormatter formatter;
     m_output.clear();
-    Text text;
     for (const auto& card : m_cards) {
-      text.clear();
-      card->generate(text, kVersion, &formatter);
-      appendUtf8(m_output, text);
+      card->generateUtf8(m_output, kVersion, &formatter);
     }
     return {m_cards.size(), m_output.size()};
   }

@@ -12,6 +12,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -19,6 +20,7 @@
 namespace cardwright {
 
 class Arena;
+class CardOutput;
 class ContactsParser;
 class TextScanner;
 class VCard;
@@ -119,6 +121,8 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   /// Appends the card, from BEGIN:VCARD to END:VCARD, each line ended by CR LF. The version code
   /// chooses the syntax; the VERSION property is written as the card holds it.
   void generate(Text & output, VersionCode version, DateFormatter * formatter) const override;
+  /// The same in UTF-8, sooner than the text is encoded; a lone surrogate becomes U+FFFD.
+  void generateUtf8(std::string & output, VersionCode version, DateFormatter * formatter) const;
 
   // Repairs of the reader
 
@@ -163,6 +167,13 @@ class [[gnu::visibility("default")]] VCard final : public VCardObject {
   [[gnu::visibility("hidden")]] static void addUpperCased(
       PropertyStore & properties, std::shared_ptr<VCardProperty> property, Arena * arena);
 
+  /// Appends what is written of an unchanged card from its lines; false for another card, of which
+  /// nothing is appended.
+  [[gnu::visibility("hidden")]] bool appendLines(CardOutput & output, VersionCode version,
+                                                 DateFormatter * formatter) const;
+  /// Appends what is written of the properties.
+  [[gnu::visibility("hidden")]] void generateProperties(Text & output, VersionCode version,
+                                                        DateFormatter * formatter) const;
   [[nodiscard]] [[gnu::visibility("hidden")]] const VCardProperty* firstPropertyWithKey(
       TextView key) const;
   /// Asks the processor for the memory that writing will look at.

@@ -43,6 +43,19 @@ namespace cardwright {
   return isAsciiUpper(unit) ? static_cast<char16_t>(unit + 0x20) : unit;
 }
 
+/// Equality without regard to the case of ASCII letters.
+[[nodiscard]] constexpr bool equalAsciiIgnoringCase(TextView a, TextView b) noexcept {
+  if (a.size() != b.size()) {
+    return false;
+  }
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (asciiUpper(a[i]) != asciiUpper(b[i])) {
+      return false;
+    }
+  }
+  return true;
+}
+
 [[nodiscard]] constexpr bool isLineTerminator(char16_t unit) noexcept {
   return unit == u'\r' || unit == u'\n';
 }

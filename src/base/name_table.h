@@ -80,18 +80,6 @@ class NameTable {
     return h ^ (h >> 15U);
   }
 
-  static constexpr bool equalAsciiIgnoringCase(TextView a, TextView b) noexcept {
-    if (a.size() != b.size()) {
-      return false;
-    }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-      if (asciiUpper(a[i]) != asciiUpper(b[i])) {
-        return false;
-      }
-    }
-    return true;
-  }
-
   template <typename Equal>
   constexpr const Row* probe(TextView name, Equal equal) const noexcept {
     if (name.size() > kLongestName) {

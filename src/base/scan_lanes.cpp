@@ -173,15 +173,6 @@ std::size_t findUnplainPlainly(TextView text, std::size_t begin) noexcept {
   return begin;
 }
 
-std::size_t copyPlainPlainly(TextView text, std::size_t begin, char16_t*& output,
-                             bool& isAscii) noexcept {
-  for (; begin < text.size() && !isUnplain(text[begin]); ++begin) {
-    isAscii = isAscii && cardwright::isAscii(text[begin]);
-    *output++ = text[begin];
-  }
-  return begin;
-}
-
 std::size_t findUnsinglePlainly(TextView text, std::size_t begin) noexcept {
   while (begin < text.size() && isAscii(text[begin]) && text[begin] != u'\r') {
     ++begin;
@@ -385,128 +376,6 @@ std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   return found != 0 ? begin + firstOf(found) / 2 : text.size();
 }
 
-void storeUnits(char16_t* output, __m128i units) noexcept {
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(output), units); // NOLINT: unaligned by design
-}
-
-/// Whether any of sixteen units may be unplain: all are that are, and few that are not.
-bool mayBeUnplain(__m128i first, __m128i second) noexcept {
-  const __m128i surelyPlain = _mm_set1_epi16(static_cast<short>(kFirstUncertain - 1));
-  const __m128i beyond =
-      _mm_or_si128(_mm_subs_epu16(first, surelyPlain), _mm_subs_epu16(second, surelyPlain));
-  // Without its highest bit, a unit above a byte becomes 0xFF. A few beyond 0x7FFF look like signs.
-  const __m128i low = _mm_set1_epi16(0x7FFF);
-  const __m128i bytes = _mm_packus_epi16(_mm_and_si128(first, low), _mm_and_si128(second, low));
-  const auto isEqual = [bytes](int sign) {
-    return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(sign)));
-  };
-  const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(u' ' - 1)), bytes);
-  const __m128i signs = _mm_or_si128(_mm_or_si128(isEqual(','), isEqual(';')),
-                                     _mm_or_si128(isEqual('\\'), isEqual(0x7F)));
-  const __m128i areSound = _mm_cmpeq_epi8(beyond, _mm_setzero_si128());
-  return _mm_movemask_epi8(_mm_andnot_si128(_mm_or_si128(controls, signs), areSound)) != 0xFFFF;
-}
-
-/// Whether all lanes are of ASCII.
-bool areAscii(__m128i units) noexcept {
-  const __m128i high = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFF80)));
-  return _mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFF;
-}
-
-std::size_t copyPlain(const ReadableText& readable, std::size_t begin, char16_t*& output,
-                      bool& isAscii) noexcept {
-  const TextView text = readable.text;
-  const auto readableUnits = static_cast<std::size_t>(readable.readableEnd - text.data());
-  char16_t* end = output;
-  __m128i all = _mm_setzero_si128();
-  std::size_t plain = kBlock;
-  while (begin < text.size() && readableUnits - begin >= kBlock && plain == kBlock) {
-    for (; text.size() - begin >= kLanes; begin += kLanes, end += kLanes) {
-      const __m128i first = loadUnits(text.data() + begin);
-      const __m128i second = loadUnits(text.data() + begin + kBlock);
-      if (mayBeUnplain(first, second)) {
-        break;
-      }
-      storeUnits(end, first);
-      storeUnits(end + kBlock, second);
-      all = _mm_or_si128(all, _mm_or_si128(first, second));
-    }
-    if (readableUnits - begin < kBlock) {
-      break;
-    }
-    const __m128i units = loadUnits(text.data() + begin);
-    storeUnits(end, units);
-    all = _mm_or_si128(all, units);
-    // One more bit ends the count where nothing is found.
-    const Bits found = unplainUnits(units) | 1U << 2 * kBlock;
-    plain = std::min(text.size() - begin, firstOf(found) / 2);
-    end += plain;
-    begin += plain;
-  }
-  output = end;
-  isAscii = isAscii && areAscii(all);
-  return plain != kBlock ? begin : copyPlainPlainly(text, begin, output, isAscii);
-}
-
-/// Sixteen units in which escapes are looked for.
-class EscapeLanes {
- public:
-  EscapeLanes(__m128i first, __m128i second) noexcept
-      : m_bytes(_mm_packus_epi16(first, second)), m_first(first), m_second(second) {}
-
-  /// Whether there are only plain units and signs, and nothing that may look like one.
-  [[nodiscard]] bool areSound() const noexcept {
-    // What is beyond 0x7FFF became zero.
-    const __m128i controls =
-        _mm_cmpeq_epi8(_mm_min_epu8(m_bytes, _mm_set1_epi8(u' ' - 1)), m_bytes);
-    return _mm_movemask_epi8(_mm_or_si128(controls, isEqual(0x7F))) == 0;
-  }
-  [[nodiscard]] Bits equal(char sign) const noexcept {
-    return static_cast<Bits>(_mm_movemask_epi8(isEqual(sign)));
-  }
-  void store(char16_t* output) const noexcept {
-    storeUnits(output, m_first);
-    storeUnits(output + kBlock, m_second);
-  }
-
- private:
-  [[nodiscard]] __m128i isEqual(char sign) const noexcept {
-    return _mm_cmpeq_epi8(m_bytes, _mm_set1_epi8(sign));
-  }
-
-  __m128i m_bytes;
-  __m128i m_first;
-  __m128i m_second;
-};
-
-std::size_t copyEscaped(TextView text, std::size_t begin, bool escapesSemicolons, char16_t*& output,
-                        bool& isAscii) noexcept {
-  char16_t* end = output;
-  __m128i all = _mm_setzero_si128();
-  Bits carried = 0; // whether the last unit is the backslash of an escape
-  for (; text.size() - begin >= kLanes; begin += kLanes, end += kLanes) {
-    const __m128i first = loadUnits(text.data() + begin);
-    const __m128i second = loadUnits(text.data() + begin + kBlock);
-    const EscapeLanes lanes(first, second);
-    if (carried != 0 || mayBeUnplain(first, second)) {
-      const Bits backslashes = lanes.equal('\\');
-      const Bits escaped = backslashes << 1U | carried;
-      const Bits semicolons = lanes.equal(';');
-      const Bits signs = lanes.equal(',') | (escapesSemicolons ? semicolons : 0U);
-      const Bits lacking = escaped & 0xFFFFU & ~(signs | lanes.equal('n'));
-      if (!lanes.areSound() || (lacking | (signs & ~escaped)) != 0) {
-        break;
-      }
-      carried = escaped >> kLanes;
-    }
-    lanes.store(end);
-    all = _mm_or_si128(all, _mm_or_si128(first, second));
-  }
-  output = end - carried;
-  isAscii = isAscii && areAscii(all);
-  return begin - carried;
-}
-
 std::size_t findUnsingle(TextView text, std::size_t begin) noexcept {
   for (; text.size() - begin >= kLanes; begin += kLanes) {
     const Lanes lanes(text, begin);
@@ -549,16 +418,6 @@ std::size_t unitsSurelyWithin(TextView /*text*/, std::size_t /*begin*/,
 
 std::size_t findUnplain(TextView text, std::size_t begin) noexcept {
   return findUnplainPlainly(text, begin);
-}
-
-std::size_t copyPlain(const ReadableText& readable, std::size_t begin, char16_t*& output,
-                      bool& isAscii) noexcept {
-  return copyPlainPlainly(readable.text, begin, output, isAscii);
-}
-
-std::size_t copyEscaped(TextView /*text*/, std::size_t begin, bool /*escapesSemicolons*/,
-                        char16_t*& /*output*/, bool& /*isAscii*/) noexcept {
-  return begin;
 }
 
 std::size_t findUnsingle(TextView text, std::size_t begin) noexcept {

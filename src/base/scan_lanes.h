@@ -65,33 +65,6 @@ struct HeaderMarks {
 [[nodiscard]] std::size_t findUnplain(TextView text, std::size_t begin) noexcept;
 [[nodiscard]] std::size_t findUnplainPlainly(TextView text, std::size_t begin) noexcept;
 
-/// A text in memory that may be read beyond the text's end.
-struct ReadableText {
-  TextView text;
-  const char16_t* readableEnd; ///< not in front of the text's end
-
-  [[nodiscard]] ReadableText substr(std::size_t begin) const noexcept {
-    return {text.substr(begin), readableEnd};
-  }
-};
-
-/// copyPlain may write this many units behind the last one that counts.
-inline constexpr std::size_t kCopiedBeyond = 8;
-
-/// Copies the units from `begin` to findUnplain to `output`, which is moved on.
-/// @param isAscii is made false where they, or any behind them that was read, are not of ASCII
-/// @returns where it ended
-[[nodiscard]] std::size_t copyPlain(const ReadableText& readable, std::size_t begin,
-                                    char16_t*& output, bool& isAscii) noexcept;
-[[nodiscard]] std::size_t copyPlainPlainly(TextView text, std::size_t begin, char16_t*& output,
-                                           bool& isAscii) noexcept;
-
-/// The same over escapes that are as they are written: a backslash and one of "," "n" and, with
-/// `escapesSemicolons`, ";", which are else no unplain units. May stop before any unit, for
-/// copyPlain to look at it, but never between a backslash and what stands behind it.
-[[nodiscard]] std::size_t copyEscaped(TextView text, std::size_t begin, bool escapesSemicolons,
-                                      char16_t*& output, bool& isAscii) noexcept;
-
 /// The first unit from `begin` on that is no ASCII or is a CR, or the text's end. All before it
 /// are characters by themselves, but for the last one, which what follows may join.
 [[nodiscard]] std::size_t findUnsingle(TextView text, std::size_t begin) noexcept;

@@ -4,6 +4,7 @@
 #include "base/ascii_lanes.h"
 #include "base/large_memory.h"
 #include "base/utf8_decoder.h"
+#include "base/utf8_encoder.h"
 #include "base/utf8_lanes.h"
 
 #include <algorithm>
@@ -15,32 +16,28 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-/// Writes a code point as UTF-8 and returns how many bytes that took.
-std::size_t putCodePoint(char* output, char32_t codePoint) noexcept {
-  const auto byte = [](char32_t value) { return static_cast<char>(value); };
+} // namespace
+
+char* putCodePoint(char* output, char32_t codePoint) noexcept {
+  const auto put = [&output](char32_t value) { *output++ = static_cast<char>(value); };
   if (codePoint < 0x80) {
-    output[0] = byte(codePoint);
-    return 1;
+    put(codePoint);
+    return output;
   }
   if (codePoint < 0x800) {
-    output[0] = byte(0xC0 | (codePoint >> 6U));
-    output[1] = byte(0x80 | (codePoint & 0x3FU));
-    return 2;
+    put(0xC0 | (codePoint >> 6U));
+  } else {
+    if (codePoint < 0x10000) {
+      put(0xE0 | (codePoint >> 12U));
+    } else {
+      put(0xF0 | (codePoint >> 18U));
+      put(0x80 | ((codePoint >> 12U) & 0x3FU));
+    }
+    put(0x80 | ((codePoint >> 6U) & 0x3FU));
   }
-  if (codePoint < 0x10000) {
-    output[0] = byte(0xE0 | (codePoint >> 12U));
-    output[1] = byte(0x80 | ((codePoint >> 6U) & 0x3FU));
-    output[2] = byte(0x80 | (codePoint & 0x3FU));
-    return 3;
-  }
-  output[0] = byte(0xF0 | (codePoint >> 18U));
-  output[1] = byte(0x80 | ((codePoint >> 12U) & 0x3FU));
-  output[2] = byte(0x80 | ((codePoint >> 6U) & 0x3FU));
-  output[3] = byte(0x80 | (codePoint & 0x3FU));
-  return 4;
+  put(0x80 | (codePoint & 0x3FU));
+  return output;
 }
-
-} // namespace
 
 Text textFromUtf8(std::string_view utf8) {
   Text text;
@@ -53,32 +50,22 @@ Text textFromUtf8(std::string_view utf8) {
 }
 
 void appendUtf8(std::string& output, TextView text) {
-  std::array<char, 4096> block; // NOLINT: filled as far as `used` tells
-  std::size_t used = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    if (block.size() - used < kAsciiBlock) {
-      output.append(block.data(), used);
-      used = 0;
+  constexpr std::size_t kMostUnits = 1360;
+  std::array<char, roomForUtf8(kMostUnits)> block; // NOLINT: filled by encodeUtf8
+  while (!text.empty()) {
+    std::size_t count = std::min(text.size(), kMostUnits);
+    if (count < text.size() && isHighSurrogate(text[count - 1])) {
+      --count; // The other half may follow.
     }
-    const EncodedRun run = encodeByLanes(text.substr(at), block.data() + used, block.size() - used);
-    at += run.units;
-    used += run.bytes;
-    if (run.units != 0) {
-      continue;
-    }
-    if (isAscii(text[at])) {
-      const std::size_t room = std::min(text.size() - at, block.size() - used);
-      const std::size_t count = narrowAscii(text.data() + at, room, block.data() + used);
-      at += count;
-      used += count;
-      continue;
-    }
-    const char32_t codePoint = codePointAt(text, at);
-    at += unitLength(codePoint);
-    const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    used += putCodePoint(block.data() + used, isSurrogate ? kReplacement : codePoint);
+    const char* const end = encodeUtf8(
+        {text.substr(0, count), text.data() + text.size()}, block.data(), [](char32_t& codePoint) {
+          const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+          codePoint = isSurrogate ? kReplacement : codePoint;
+          return true;
+        });
+    output.append(block.data(), static_cast<std::size_t>(end - block.data()));
+    text.remove_prefix(count);
   }
-  output.append(block.data(), used);
 }
 
 std::string utf8FromText(TextView text) {

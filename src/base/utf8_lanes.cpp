@@ -234,36 +234,81 @@ CARDWRIGHT_SHUFFLING std::size_t storeTriples(char* output, __m128i units) noexc
   return kKeptLengths.lengths[set];
 }
 
-CARDWRIGHT_SHUFFLING EncodedRun encodeShuffling(TextView text, char* output,
-                                                std::size_t room) noexcept {
-  constexpr std::size_t kUnits = kByteLanes / 2;
+/// Whether any of eight units may be none that a value holds: a half of a pair, U+D7FF, or one of
+/// the last four.
+bool areUncertain(__m128i units, __m128i ranges) noexcept {
+  const __m128i last = _mm_cmpeq_epi16(_mm_or_si128(units, sixteen(3)), sixteen(0xFFFF));
+  return bits(_mm_or_si128(_mm_or_si128(_mm_cmpeq_epi16(ranges, sixteen(0xD800)), last),
+                           _mm_cmpeq_epi16(units, sixteen(0xD7FF)))) != 0;
+}
+
+/// As many lanes of ones as a block has kept, from some place on.
+constexpr auto kKeptLanes = [] {
+  std::array<std::uint16_t, kByteLanes> kept{};
+  for (std::size_t i = 0; i < kept.size() / 2; ++i) {
+    kept[i] = 0xFFFF;
+  }
+  return kept;
+}();
+
+/// How many units of ASCII the text begins with, as far as whole blocks of them go, which are
+/// narrowed.
+std::size_t narrowBlocks(TextView text, char* output) noexcept {
+  constexpr std::size_t kBlock = kByteLanes;
   std::size_t at = 0;
-  std::size_t bytes = 0;
-  while (text.size() - at >= kUnits && room - bytes >= 2 * kByteLanes) {
-    const __m128i units = load(text.data() + at);
-    if (text.size() - at >= 2 * kUnits) {
-      const __m128i next = load(text.data() + at + kUnits);
-      const __m128i high = _mm_and_si128(_mm_or_si128(units, next), sixteen(0xFF80));
-      if (bits(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFFU) {
-        store(output + bytes, _mm_packus_epi16(units, next));
-        at += 2 * kUnits;
-        bytes += 2 * kUnits;
-        continue;
-      }
-    }
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i range = _mm_and_si128(units, sixteen(0xF800));
-    if (bits(_mm_cmpeq_epi16(range, zero)) == 0xFFFFU) {
-      bytes += storePairs(output + bytes, units);
-    } else if (bits(_mm_cmpeq_epi16(range, sixteen(0xD800))) == 0) {
-      bytes += storeTriples(output + bytes, _mm_unpacklo_epi16(units, zero));
-      bytes += storeTriples(output + bytes, _mm_unpackhi_epi16(units, zero));
-    } else {
+  for (; text.size() - at >= kBlock; at += kBlock) {
+    const __m128i first = load(text.data() + at);
+    const __m128i second = load(text.data() + at + kBlock / 2);
+    const __m128i high = _mm_and_si128(_mm_or_si128(first, second), sixteen(0xFF80));
+    if (bits(_mm_cmpeq_epi16(high, _mm_setzero_si128())) != 0xFFFFU) {
       break;
     }
-    at += kUnits;
+    store(output + at, _mm_packus_epi16(first, second));
   }
-  return {at, bytes};
+  return at;
+}
+
+CARDWRIGHT_SHUFFLING EncodedRun encodeShuffling(const ReadableText& readable,
+                                                char* output) noexcept {
+  constexpr std::size_t kUnits = kByteLanes / 2;
+  // Where other characters are, ASCII comes and goes: for so long it is not looked for.
+  constexpr std::size_t kMixed = 8 * kUnits;
+  const __m128i zero = _mm_setzero_si128();
+  const TextView text = readable.text;
+  std::size_t at = 0;
+  char* end = output;
+  const auto run = [&]() -> EncodedRun { return {at, static_cast<std::size_t>(end - output)}; };
+  while (at < text.size()) {
+    const std::size_t narrowed = narrowBlocks(text.substr(at), end);
+    at += narrowed;
+    end += narrowed;
+    for (const std::size_t last = at + kMixed; at < text.size() && at < last; at += kUnits) {
+      if (readable.readable(at) < kUnits) {
+        return run();
+      }
+      const std::size_t left = text.size() - at;
+      __m128i units = load(text.data() + at);
+      if (left < kUnits) {
+        // What is behind the text becomes zeros, of a byte each.
+        units = _mm_and_si128(units, load(kKeptLanes.data() + kUnits - left));
+      }
+      const __m128i ranges = _mm_and_si128(units, sixteen(0xF800));
+      if (bits(_mm_cmpeq_epi16(ranges, zero)) == 0xFFFFU) {
+        end += storePairs(end, units);
+      } else if (!areUncertain(units, ranges)) {
+        end += storeTriples(end, _mm_unpacklo_epi16(units, zero));
+        end += storeTriples(end, _mm_unpackhi_epi16(units, zero));
+      } else {
+        return run();
+      }
+      if (left < kUnits) {
+        end -= kUnits - left;
+        at = text.size();
+        return run();
+      }
+    }
+  }
+  return run();
 }
 
 } // namespace
@@ -276,8 +321,8 @@ DecodedRun decodeByLanes(std::string_view utf8, char16_t* output, std::size_t ro
   return kCanShuffle ? decodeShuffling(utf8, output, room) : DecodedRun{};
 }
 
-EncodedRun encodeByLanes(TextView text, char* output, std::size_t room) noexcept {
-  return kCanShuffle ? encodeShuffling(text, output, room) : EncodedRun{};
+EncodedRun encodeByLanes(const ReadableText& text, char* output) noexcept {
+  return kCanShuffle ? encodeShuffling(text, output) : EncodedRun{};
 }
 
 #else
@@ -291,7 +336,7 @@ DecodedRun decodeByLanes(std::string_view /*utf8*/, char16_t* /*output*/,
   return {};
 }
 
-EncodedRun encodeByLanes(TextView /*text*/, char* /*output*/, std::size_t /*room*/) noexcept {
+EncodedRun encodeByLanes(const ReadableText& /*text*/, char* /*output*/) noexcept {
   return {};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/readable_text.h"
 #include "base/utf8_decoder.h"
 #include "cardwright/text.h"
 
@@ -29,8 +30,9 @@ inline constexpr std::size_t kByteLanes = 16;
 [[nodiscard]] DecodedRun decodeByLanes(std::string_view utf8, char16_t* output,
                                        std::size_t room) noexcept;
 
-/// Encodes the text up to about the first half of a pair, as long as there are kByteLanes / 2 units
-/// and room for 2 * kByteLanes bytes.
-[[nodiscard]] EncodedRun encodeByLanes(TextView text, char* output, std::size_t room) noexcept;
+/// Encodes the text up to about the first unit that may be none of a value: a half of a pair,
+/// U+D7FF, and U+FFFC and what is beyond. Stops also where fewer than eight units may be read.
+/// @param output has room for roomForUtf8
+[[nodiscard]] EncodedRun encodeByLanes(const ReadableText& text, char* output) noexcept;
 
 } // namespace cardwright

@@ -14,7 +14,10 @@ namespace cardwright {
 [[nodiscard]] const CharacterSet& whitespaceAndNewlineCharacterSet();
 
 namespace detail {
-[[nodiscard]] bool isWhitespaceAboveAscii(char16_t unit) noexcept;
+[[nodiscard]] inline bool isWhitespaceAboveAscii(char16_t unit) noexcept {
+  return unit == 0xA0 || (unit >= 0x1680 && (unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) ||
+                                             unit == 0x202F || unit == 0x205F || unit == 0x3000));
+}
 } // namespace detail
 
 /// Membership of whitespaceCharacterSet.

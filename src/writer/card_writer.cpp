@@ -1,11 +1,13 @@
 #include "base/ascii.h"
 #include "base/case.h"
+#include "cardwright/utf8.h"
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_utilities.h"
 #include "cardwright/vocabulary.h"
 #include "writer/companions.h"
 #include "writer/order.h"
 #include "writer/unchanged/card.h"
+#include "writer/unchanged/output.h"
 
 #include <algorithm>
 #include <array>
@@ -146,12 +148,29 @@ TextList VCard::propertiesInSortOrder() const {
   return keysInWrittenOrder(properties(), propertyRank);
 }
 
-void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
+bool VCard::appendLines(CardOutput& output, VersionCode version, DateFormatter* formatter) const {
   // Without a formatter, dates stop the process.
-  if (formatter != nullptr && isUnchanged() &&
-      appendUnchanged(output, *this, m_lines, version, formatter)) {
-    return;
+  return formatter != nullptr && isUnchanged() &&
+         appendUnchanged(output, *this, m_lines, version, formatter);
+}
+
+void VCard::generateUtf8(std::string& output, VersionCode version, DateFormatter* formatter) const {
+  Utf8Output bytes(output);
+  if (!appendLines(bytes, version, formatter)) {
+    Text text;
+    generateProperties(text, version, formatter);
+    appendUtf8(output, text);
   }
+}
+
+void VCard::generate(Text& output, VersionCode version, DateFormatter* formatter) const {
+  TextOutput text(output);
+  if (!appendLines(text, version, formatter)) {
+    generateProperties(output, version, formatter);
+  }
+}
+
+void VCard::generateProperties(Text& output, VersionCode version, DateFormatter* formatter) const {
   const PropertyStore& store = properties();
   fetchProperties(store);
   const GroupIndex labels(propertiesIn(store, kLabelKey));

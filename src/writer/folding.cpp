@@ -3,10 +3,7 @@
 #include "base/ascii.h"
 #include "base/graphemes.h"
 #include "base/scan_lanes.h"
-
-#include <algorithm>
-#include <array>
-#include <cstring>
+#include "writer/physical_lines.h"
 
 namespace cardwright {
 
@@ -115,62 +112,14 @@ class LineCutter {
   std::size_t m_bytes = 0;  ///< length of that character
 };
 
-/// Gathers physical lines before they go into a text, for which each piece is a call.
-class PhysicalLines {
- public:
-  explicit PhysicalLines(Text& output) noexcept : m_output(output) {}
-  PhysicalLines(const PhysicalLines&) = delete;
-  PhysicalLines& operator=(const PhysicalLines&) = delete;
-  ~PhysicalLines() { flush(); }
-
-  void append(TextView piece) {
-    if (m_units.size() - m_used < piece.size() + kCrLf.size()) {
-      flush();
-      if (piece.size() > m_units.size() / 2) {
-        m_output.append(piece).append(kCrLf);
-        return;
-      }
-    }
-    put(piece);
-    put(kCrLf);
-  }
-  void appendContinuation(TextView piece) {
-    if (m_used == m_units.size()) {
-      flush();
-    }
-    m_units[m_used++] = u' ';
-    append(piece);
-  }
-
- private:
-  void put(TextView piece) noexcept {
-    // The length of most lines is known to the compiler.
-    constexpr std::size_t kMostOften = kLineBytes - 1;
-    char16_t* const units = m_units.data() + m_used;
-    if (piece.size() == kMostOften) {
-      std::memcpy(units, piece.data(), kMostOften * sizeof(char16_t));
-    } else {
-      std::copy(piece.begin(), piece.end(), units);
-    }
-    m_used += piece.size();
-  }
-
-  void flush() {
-    m_output.append(m_units.data(), m_used);
-    m_used = 0;
-  }
-
-  Text& m_output;
-  std::size_t m_used = 0;
-  std::array<char16_t, 2048> m_units; // NOLINT: filled as far as m_used tells
-};
-
 } // namespace
 
-void appendFolded(Text& output, TextView line) {
-  PhysicalLines lines(output);
+void appendFolded(Text& output, TextView line, bool isContinuation) {
+  PhysicalLines<char16_t> lines(output);
   LineCutter cutter(line);
-  lines.append(cutter.next(kLineBytes));
+  if (!isContinuation) {
+    lines.append(cutter.next(kLineBytes));
+  }
   while (!cutter.atEnd()) {
     lines.appendContinuation(cutter.next(kLineBytes - 1));
   }

@@ -3,6 +3,8 @@
 #include "cardwright/text.h"
 
 #include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace cardwright {
 
@@ -11,7 +13,11 @@ inline constexpr std::size_t kLineBytes = 75;
 
 /// Appends a content line cut into physical lines of at most kLineBytes, each ended by CR LF.
 /// Characters are never cut: one that is longer than a line stands on a line alone.
-void appendFolded(Text& output, TextView line);
+/// @param isContinuation whether it is what is left of a line, which goes on behind a blank
+void appendFolded(Text& output, TextView line, bool isContinuation = false);
+
+/// The same with a line of sound UTF-8.
+void appendFoldedUtf8(std::string& output, std::string_view line);
 
 /// Whether a content line takes one physical line.
 [[nodiscard]] bool fitsIntoOne(TextView line) noexcept;

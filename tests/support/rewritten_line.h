@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/date_formatter.h"
+#include "cardwright/utf8.h"
 #include "cardwright/vcard_property.h"
 #include "support/text_printer.h"
 #include "writer/companions.h"
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 
 namespace cardwright {
 
@@ -19,15 +21,16 @@ namespace cardwright {
 /// @returns whether it is
 [[nodiscard]] inline bool rewritesLikeItsProperty(TextView line, VersionCode readAs,
                                                   VersionCode version) {
-  const auto room = std::make_unique<char16_t[]>(roomForLine(line)); // NOLINT: exactly so many
-  const auto text = std::make_unique<char16_t[]>(line.size());       // NOLINT: likewise
+  const auto room = std::make_unique<char[]>(roomForLine(line)); // NOLINT: exactly so many
+  const auto text = std::make_unique<char16_t[]>(line.size());   // NOLINT: likewise
   std::copy(line.begin(), line.end(), text.get());
   const TextView view(text.get(), line.size());
-  Units output(room.get());
+  Bytes output(room.get(), roomForLine(line));
   HeaderMemory memory;
   const RewrittenLine rewritten =
       rewriteLine(output, {{view, view.data() + view.size()}, readAs}, version, memory);
-  if (!rewritten.isWhole) {
+  EXPECT_NE(rewritten.rewriting, Rewriting::needsRoom);
+  if (rewritten.rewriting != Rewriting::done) {
     EXPECT_EQ(output.size(), 0U);
     return false;
   }
@@ -40,10 +43,10 @@ namespace cardwright {
   EXPECT_EQ(property.group().value_or(TextView()), line.substr(0, groupSize));
   Text expected;
   property.generate(expected, version, &formatter);
-  Text actual;
-  appendLine(actual, output.view());
-  EXPECT_EQ(actual, expected) << testing::PrintToString(line) << " read as " << readAs
-                              << ", written as " << version;
+  std::string actual;
+  appendFoldedUtf8(actual, output.view());
+  EXPECT_EQ(textFromUtf8(actual), expected)
+      << testing::PrintToString(line) << " read as " << readAs << ", written as " << version;
   return true;
 }
 

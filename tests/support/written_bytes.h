@@ -2,7 +2,6 @@
 
 #include "cardwright/date_formatter.h"
 #include "cardwright/face.h"
-#include "cardwright/utf8.h"
 
 #include <string>
 
@@ -12,11 +11,8 @@ namespace cardwright {
 inline std::string writtenBytes(const VCardList& cards) {
   DateFormatter formatter;
   std::string output;
-  Text text;
   for (const auto& card : cards) {
-    text.clear();
-    card->generate(text, static_cast<VersionCode>(card->version()), &formatter);
-    appendUtf8(output, text);
+    card->generateUtf8(output, static_cast<VersionCode>(card->version()), &formatter);
   }
   return output;
 }

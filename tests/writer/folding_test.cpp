@@ -15,9 +15,16 @@
 namespace cardwright {
 namespace {
 
+/// Expects that the line is folded the same way in UTF-8, if it can be encoded.
 Text folded(TextView line) {
   Text output;
   appendFolded(output, line);
+  const std::string utf8 = utf8FromText(line);
+  if (textFromUtf8(utf8) == line) {
+    std::string bytes = "before";
+    appendFoldedUtf8(bytes, utf8);
+    EXPECT_EQ(bytes, "before" + utf8FromText(output)) << ::testing::PrintToString(Text(line));
+  }
   return output;
 }
 
@@ -124,15 +131,9 @@ TEST(Folding, keepsFlagsInPairsOverManyLines) {
 }
 
 TEST(Folding, takesCrLfForOneCharacter) {
-  Text output;
-  appendFolded(output, Text(74, u'x') + u"\r\ny");
-  EXPECT_EQ(output, Text(74, u'x') + u"\r\n \r\ny\r\n");
-  output.clear();
-  appendFolded(output, Text(73, u'x') + u"\r\ny");
-  EXPECT_EQ(output, Text(73, u'x') + u"\r\n\r\n y\r\n");
-  output.clear();
-  appendFolded(output, Text(74, u'x') + u"\n\ry");
-  EXPECT_EQ(output, Text(74, u'x') + u"\n\r\n \ry\r\n");
+  EXPECT_EQ(folded(Text(74, u'x') + u"\r\ny"), Text(74, u'x') + u"\r\n \r\ny\r\n");
+  EXPECT_EQ(folded(Text(73, u'x') + u"\r\ny"), Text(73, u'x') + u"\r\n\r\n y\r\n");
+  EXPECT_EQ(folded(Text(74, u'x') + u"\n\ry"), Text(74, u'x') + u"\n\r\n \ry\r\n");
 }
 
 TEST(Folding, putsACharacterLongerThanALineOnALineAlone) {

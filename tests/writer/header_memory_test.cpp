@@ -7,39 +7,40 @@
 
 #include <array>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace cardwright {
 namespace {
 
-struct Rewriting {
+struct Outcome {
   bool hasName = false;
-  bool isWhole = false;
+  Rewriting rewriting = Rewriting::done;
   Text key;
-  Text text;
+  std::string bytes;
 
-  friend bool operator==(const Rewriting&, const Rewriting&) = default;
-  friend void PrintTo(const Rewriting& rewriting, std::ostream* stream) {
-    *stream << rewriting.hasName << rewriting.isWhole << testing::PrintToString(rewriting.key)
-            << testing::PrintToString(rewriting.text);
+  friend bool operator==(const Outcome&, const Outcome&) = default;
+  friend void PrintTo(const Outcome& outcome, std::ostream* stream) {
+    *stream << outcome.hasName << static_cast<int>(outcome.rewriting)
+            << testing::PrintToString(outcome.key) << testing::PrintToString(outcome.bytes);
   }
 };
 
 /// @param behind how many units may be read behind the line
-Rewriting rewrite(HeaderMemory& memory, TextView line, VersionCode readAs, VersionCode version,
-                  std::size_t behind) {
+Outcome rewrite(HeaderMemory& memory, TextView line, VersionCode readAs, VersionCode version,
+                std::size_t behind) {
   std::vector<char16_t> units(line.begin(), line.end());
   units.resize(line.size() + behind, u':');
-  const auto room = std::make_unique<char16_t[]>(roomForLine(line)); // NOLINT: exactly so many
-  Units output(room.get());
+  const auto room = std::make_unique<char[]>(roomForLine(line)); // NOLINT: exactly so many
+  Bytes output(room.get(), roomForLine(line));
   const TextView text(units.data(), line.size());
   const RewrittenLine rewritten =
       rewriteLine(output, {{text, units.data() + units.size()}, readAs}, version, memory);
-  Rewriting result;
+  Outcome result;
   result.hasName = rewritten.name != nullptr;
-  result.isWhole = rewritten.isWhole;
+  result.rewriting = rewritten.rewriting;
   result.key = result.hasName ? rewritten.name->key(text) : TextView();
-  result.text = output.view();
+  result.bytes = output.view();
   return result;
 }
 
@@ -48,7 +49,7 @@ class Memory : public testing::Test {
   /// Expects what a memory of nothing tells.
   void expectTheSame(TextView line, VersionCode readAs, VersionCode version) {
     HeaderMemory fresh;
-    const Rewriting expected = rewrite(fresh, line, readAs, version, 0);
+    const Outcome expected = rewrite(fresh, line, readAs, version, 0);
     for (const std::size_t behind : {0U, 200U, 200U, 0U}) {
       ASSERT_EQ(rewrite(m_memory, line, readAs, version, behind), expected)
           << testing::PrintToString(line) << " from " << readAs << " to " << version;

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace cardwright {
 namespace {
@@ -49,10 +50,19 @@ void expectWritten(const std::function<void(VCard&)>& change) {
   }
 }
 
+std::string writtenUtf8(const VCard& card, VersionCode version) {
+  DateFormatter formatter;
+  std::string output = "before";
+  card.generateUtf8(output, version, &formatter);
+  return output;
+}
+
 void expectAfresh(const VCardList& cards) {
   for (const auto& card : cards) {
     for (const VersionCode version : {0, 2, 3, 4, 5}) {
-      ASSERT_EQ(written(*card, version), writtenAfresh(*card, version));
+      const Text expected = writtenAfresh(*card, version);
+      ASSERT_EQ(written(*card, version), expected);
+      ASSERT_EQ(writtenUtf8(*card, version), "before" + utf8FromText(expected));
     }
   }
 }
@@ -101,6 +111,30 @@ TEST(UnchangedCard, mayHaveAnyNumberOfLines) {
     }
     expectAfresh(*VCard::vCardsFromString(TextView(text + u"END:VCARD\r\n")));
   }
+}
+
+TEST(UnchangedCard, mayHaveLinesOfAnyLength) {
+  for (const TextView piece : {u"x", u"\\,", u"\\N", u"a,", u"\u00E9", u"\u4E2D;"}) {
+    for (std::size_t size = 1'000; size < 40'000; size += size / 5) {
+      Text text = u"BEGIN:VCARD\r\nVERSION:3.0\r\n";
+      for (const TextView name : {u"FN:", u"NOTE:", u"X-LONG:", u"TITLE:"}) {
+        text += name;
+        for (std::size_t used = 0; used < size; used += piece.size()) {
+          text += piece;
+        }
+        text += u"\r\n";
+      }
+      expectAfresh(*VCard::vCardsFromString(TextView(text + u"END:VCARD\r\n")));
+      ASSERT_FALSE(HasFatalFailure()) << size;
+    }
+  }
+}
+
+TEST(UnchangedCard, keepsLoneSurrogatesOfItsPropertiesInText) {
+  Text text = u"BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A\r\nNOTE:x";
+  text += char16_t{0xD800};
+  text += u"y\r\nEND:VCARD\r\n";
+  expectAfresh(*VCard::vCardsFromString(TextView(text)));
 }
 
 TEST(UnchangedCard, isOneNoLongerWhenItsListsChange) {

@@ -11,13 +11,14 @@ namespace cardwright {
 namespace {
 
 std::optional<Text> rewritten(TextView line, VersionCode readAs, VersionCode version) {
-  std::vector<char16_t> room(roomForLine(line));
-  Units output(room.data());
+  std::vector<char> room(roomForLine(line));
+  Bytes output(room.data(), room.size());
   HeaderMemory memory;
-  const bool isWhole =
-      rewriteLine(output, {{line, line.data() + line.size()}, readAs}, version, memory).isWhole;
+  const RewrittenLine rewritten =
+      rewriteLine(output, {{line, line.data() + line.size()}, readAs}, version, memory);
+  const bool isWhole = rewritten.rewriting == Rewriting::done;
   EXPECT_EQ(rewritesLikeItsProperty(line, readAs, version), isWhole);
-  return isWhole ? std::optional<Text>(output.view()) : std::nullopt;
+  return isWhole ? std::optional(textFromUtf8(output.view())) : std::nullopt;
 }
 
 TEST(UnchangedLine, findsGroupAndName) {

@@ -1,8 +1,7 @@
 #include "writer/unchanged/card.h"
 
-#include "base/case.h"
+#include "base/ascii.h"
 #include "base/of_thread.h"
-#include "cardwright/vcard_utilities.h"
 #include "cardwright/vocabulary.h"
 #include "model/line_store.h"
 #include "model/stored_parts.h"
@@ -74,7 +73,7 @@ class LineOrder {
 
 class UnchangedCard {
  public:
-  UnchangedCard(Text& output, const VCard& card, const detail::CardLines& lines,
+  UnchangedCard(CardOutput& output, const VCard& card, const detail::CardLines& lines,
                 VersionCode version, DateFormatter* formatter)
       : m_output(output),
         m_card(card),
@@ -90,7 +89,7 @@ class UnchangedCard {
 
   /// Rewrites each line for itself, and finds its place.
   bool rewrite() {
-    Units output(m_units.data());
+    Bytes output(m_bytes.data(), m_bytes.size());
     for (std::size_t number = 0; number < m_count; ++number) {
       if (!rewrite(number, output)) {
         return false;
@@ -103,7 +102,7 @@ class UnchangedCard {
   }
 
   void write() {
-    VCardUtilities::appendCRLF(m_output, cVCardComponent_BEGINVCARD);
+    m_output.append("BEGIN:VCARD\r\n");
     for (std::size_t place = 0; place < m_count; ++place) {
       const std::size_t number = m_order[place];
       const CardLine& line = m_lines[number];
@@ -116,7 +115,7 @@ class UnchangedCard {
       }
     }
     flush();
-    VCardUtilities::appendCRLF(m_output, cVCardComponent_ENDVCARD);
+    m_output.append("END:VCARD\r\n");
   }
 
  private:
@@ -130,27 +129,24 @@ class UnchangedCard {
   }
 
   /// Rewrites a line into the room that all share, if there is enough of it.
-  bool rewrite(std::size_t number, Units& output) {
+  bool rewrite(std::size_t number, Bytes& output) {
     CardLine& line = m_lines[number];
-    if (roomForLine(m_texts[number]) > m_units.size() - output.size()) {
+    if (roomToBeginLine(m_texts[number]) > output.room()) {
       const std::optional<LineName> name = nameOf(m_texts[number]);
       line.left = Left::all;
       return takeName(number, name ? &*name : nullptr);
     }
     const std::size_t begin = output.size();
-    output.beginLine();
     const RewrittenLine rewritten = rewriteLine(output, readLine(number), m_version, m_memory);
-    line.left = Left::theProperty;
-    if (rewritten.isWhole) {
-      const std::size_t size = output.size() - begin;
-      const bool isShort =
-          output.isLineAscii() ? size <= kLineBytes : fitsIntoOne(output.view().substr(begin));
-      line.left = isShort ? Left::nothing : Left::folding;
-      if (isShort) {
-        output.append(u"\r\n");
-      }
+    if (rewritten.rewriting != Rewriting::done) {
+      line.left = rewritten.rewriting == Rewriting::needsRoom ? Left::all : Left::theProperty;
+    } else if (output.size() - begin > kLineBytes) {
+      line.left = Left::folding;
+    } else {
+      line.left = Left::nothing;
+      output.append(u"\r\n");
     }
-    static_assert(std::tuple_size_v<decltype(m_units)> <= UINT16_MAX);
+    static_assert(std::tuple_size_v<decltype(m_bytes)> <= UINT16_MAX);
     line.begin = static_cast<std::uint16_t>(begin);
     line.end = static_cast<std::uint16_t>(output.size());
     return takeName(number, rewritten.name);
@@ -181,30 +177,32 @@ class UnchangedCard {
     }
     flush();
     if (line.left == Left::folding) {
-      appendFolded(m_output, written(line.begin, line.end));
+      m_output.appendFolded(written(line.begin, line.end));
       return true;
     }
     return (line.left == Left::all && rewriteLate(number)) || writeProperty(number);
   }
 
-  [[nodiscard]] TextView written(std::size_t begin, std::size_t end) const noexcept {
-    return {m_units.data() + begin, end - begin};
+  [[nodiscard]] std::string_view written(std::size_t begin, std::size_t end) const noexcept {
+    return {m_bytes.data() + begin, end - begin};
   }
 
   /// Appends the lines that stand behind each other.
   void flush() {
-    m_output.append(written(m_waitingBegin, m_waitingEnd));
+    if (m_waitingBegin != m_waitingEnd) {
+      m_output.append(written(m_waitingBegin, m_waitingEnd));
+    }
     m_waitingBegin = m_waitingEnd;
   }
 
   bool rewriteLate(std::size_t number) {
     const std::size_t room = roomForLine(m_texts[number]);
-    const auto units = std::make_unique_for_overwrite<char16_t[]>(room); // NOLINT: of that size
-    Units output(units.get());
-    if (!rewriteLine(output, readLine(number), m_version, m_memory).isWhole) {
+    const auto bytes = std::make_unique_for_overwrite<char[]>(room); // NOLINT: of that size
+    Bytes output(bytes.get(), room);
+    if (rewriteLine(output, readLine(number), m_version, m_memory).rewriting != Rewriting::done) {
       return false;
     }
-    appendLine(m_output, output.view());
+    m_output.appendFolded(output.view());
     return true;
   }
 
@@ -214,7 +212,7 @@ class UnchangedCard {
     if (isEmptyPhoto(property)) {
       return false;
     }
-    property.generate(m_output, m_version, m_formatter);
+    m_output.append(property, m_version, m_formatter);
     return true;
   }
 
@@ -233,13 +231,13 @@ class UnchangedCard {
       const std::size_t number = m_companions[i];
       const CardLine& companion = m_lines[number];
       if (companion.key == key && companion.groupSize != 0 &&
-          equalIgnoringCase(m_texts[number].substr(0, companion.groupSize), group)) {
+          equalAsciiIgnoringCase(m_texts[number].substr(0, companion.groupSize), group)) {
         write(number);
       }
     }
   }
 
-  Text& m_output;
+  CardOutput& m_output;
   const VCard& m_card;
   const TextView* m_texts; ///< of the lines
   const char16_t* m_storeEnd;
@@ -258,12 +256,12 @@ class UnchangedCard {
     std::array<CardLine, kMostLines> m_lines; ///< filled as far as they were rewritten
   };
   std::array<std::uint8_t, kMostLines> m_companions; // NOLINT: numbers of the labels and formats
-  std::array<char16_t, 16'384> m_units;              // NOLINT: filled by rewriteLine
+  std::array<char, 32'768> m_bytes;                  // NOLINT: filled by rewriteLine
 };
 
 } // namespace
 
-bool appendUnchanged(Text& output, const VCard& card, const detail::CardLines& lines,
+bool appendUnchanged(CardOutput& output, const VCard& card, const detail::CardLines& lines,
                      VersionCode version, DateFormatter* formatter) {
   if (lines.version == 0 || lines.count > kMostLines || version < 2 || version > 4) {
     return false;

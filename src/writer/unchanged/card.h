@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cardwright/vcard.h"
+#include "writer/unchanged/output.h"
 
 namespace cardwright {
 
@@ -9,7 +10,8 @@ namespace cardwright {
 /// looked at for lines that are not of the ordinary forms.
 /// @param lines what it was read from
 /// @returns false, and leaves the output as it was, for a card that is not plain enough
-[[nodiscard]] bool appendUnchanged(Text& output, const VCard& card, const detail::CardLines& lines,
-                                   VersionCode version, DateFormatter* formatter);
+[[nodiscard]] bool appendUnchanged(CardOutput& output, const VCard& card,
+                                   const detail::CardLines& lines, VersionCode version,
+                                   DateFormatter* formatter);
 
 } // namespace cardwright

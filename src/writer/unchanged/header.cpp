@@ -75,7 +75,7 @@ std::optional<LineName> nameOf(TextView line) noexcept {
   return std::none_of(name.begin(), name.end(), isAsciiLower) ? std::optional(found) : std::nullopt;
 }
 
-std::optional<LineHeader> rewriteHeader(Units& output, TextView line, const LineName& name,
+std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line, const LineName& name,
                                         VersionCode readAs, VersionCode version) {
   if (line.substr(0, kLongestHeader + 1).find(u':') == TextView::npos) {
     return std::nullopt;

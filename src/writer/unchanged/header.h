@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cardwright/text.h"
+#include "writer/unchanged/bytes.h"
 #include "writer/unchanged/names.h"
-#include "writer/unchanged/units.h"
 #include "writer/unchanged/values.h"
 
 #include <cstddef>
@@ -45,7 +45,7 @@ struct LineHeader {
 /// @param readAs  version code that the line was read in
 /// @param version version code of what is written
 /// @returns absent where only the property can tell
-[[nodiscard]] std::optional<LineHeader> rewriteHeader(Units& output, TextView line,
+[[nodiscard]] std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line,
                                                       const LineName& name, VersionCode readAs,
                                                       VersionCode version);
 

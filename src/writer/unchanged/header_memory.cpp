@@ -60,7 +60,7 @@ class HeaderBlock {
 
 #endif
 
-const HeaderMemory::Found* HeaderMemory::rewriteAfresh(Units& output, TextView line,
+const HeaderMemory::Found* HeaderMemory::rewriteAfresh(Bytes& output, TextView line,
                                                        VersionCode readAs, VersionCode version) {
   const std::optional<LineName> name = nameOf(line);
   if (!name) {
@@ -131,7 +131,7 @@ std::size_t HeaderMemory::placeOf(const Key& key) noexcept {
   return static_cast<std::size_t>(hash >> kUnusedBits);
 }
 
-const HeaderMemory::Found* HeaderMemory::rewrite(Units& output, const ReadableText& line,
+const HeaderMemory::Found* HeaderMemory::rewrite(Bytes& output, const ReadableText& line,
                                                  VersionCode readAs, VersionCode version) {
   Key key; // NOLINT: filled at once
   if (!keyOf(line, key)) {
@@ -142,14 +142,14 @@ const HeaderMemory::Found* HeaderMemory::rewrite(Units& output, const ReadableTe
   for (; m_places[place] != 0 && probes < kProbes; ++probes) {
     const Entry& entry = m_entries[m_places[place] - 1];
     if (entry.key == key && entry.readAs == readAs && entry.version == version) {
-      output.appendBlocks(TextView(entry.written.data(), entry.size));
+      output.appendBlocks({entry.written.data(), entry.size});
       return &entry.found;
     }
     place = (place + 1) % kPlaces;
   }
   const std::size_t begin = output.size();
   const Found* const found = rewriteAfresh(output, line.text, readAs, version);
-  const TextView written = output.view().substr(begin);
+  const std::string_view written = output.view().substr(begin);
   if (found != nullptr && written.size() <= kLongestWritten && probes < kProbes) {
     Entry entry{key, readAs, version, *found, written.size(), {}};
     std::copy(written.begin(), written.end(), entry.written.begin());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/scan_lanes.h"
+#include "base/readable_text.h"
 #include "writer/unchanged/header.h"
 
 #include <array>
@@ -21,7 +21,7 @@ class HeaderMemory {
 
   /// The same as nameOf and rewriteHeader, and appends nothing where that fails.
   /// @returns what the memory holds until the next call; null where nameOf finds no name
-  [[nodiscard]] const Found* rewrite(Units& output, const ReadableText& line, VersionCode readAs,
+  [[nodiscard]] const Found* rewrite(Bytes& output, const ReadableText& line, VersionCode readAs,
                                      VersionCode version);
 
  private:
@@ -53,10 +53,10 @@ class HeaderMemory {
     VersionCode version = 0;
     Found found{};
     std::size_t size = 0; ///< of what is written
-    std::array<char16_t, kLongestWritten> written{};
+    std::array<char, kLongestWritten + kBeyondBytes> written{};
   };
 
-  [[nodiscard]] const Found* rewriteAfresh(Units& output, TextView line, VersionCode readAs,
+  [[nodiscard]] const Found* rewriteAfresh(Bytes& output, TextView line, VersionCode readAs,
                                            VersionCode version);
   void remember(std::size_t place, const Entry& entry);
   [[nodiscard]] static bool keyOf(const ReadableText& line, Key& key) noexcept;

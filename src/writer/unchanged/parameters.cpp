@@ -19,14 +19,7 @@ struct ParameterName {
   std::uint64_t order;
 
   friend bool operator==(const ParameterName& a, const ParameterName& b) noexcept {
-    return a.order == b.order && equalUpper(a.name, b.name);
-  }
-
-  [[nodiscard]] static bool equalUpper(TextView a, TextView b) noexcept {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char16_t one, char16_t other) {
-             return asciiUpper(one) == asciiUpper(other);
-           });
+    return a.order == b.order && equalAsciiIgnoringCase(a.name, b.name);
   }
 };
 
@@ -70,7 +63,7 @@ class Items {
 
 class ParameterWriting {
  public:
-  ParameterWriting(Units& output, TextView line, TextView key, VersionCode version, std::size_t& at,
+  ParameterWriting(Bytes& output, TextView line, TextView key, VersionCode version, std::size_t& at,
                    StatedForm& stated) noexcept
       : m_output(output),
         m_line(line),
@@ -169,10 +162,10 @@ class ParameterWriting {
     if (name == cVCardParameter_VALUE && !m_stated.type) {
       m_stated.type = item.value;
     } else if (name == cVCardParameter_CHARSET) {
-      return ParameterName::equalUpper(item.value, u"UTF-8");
+      return equalAsciiIgnoringCase(item.value, u"UTF-8");
     } else if (name == cVCardParameter_ENCODING) {
       const bool isQuotedPrintable =
-          ParameterName::equalUpper(item.value, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
+          equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
       if (m_hasEncoding || (m_version == 2 && !isQuotedPrintable)) {
         return false; // In 2.1, an empty line may have to follow.
       }
@@ -205,7 +198,7 @@ class ParameterWriting {
     }
   }
 
-  Units& m_output;
+  Bytes& m_output;
   TextView m_line;
   TextView m_key;
   VersionCode m_version;
@@ -216,7 +209,7 @@ class ParameterWriting {
 
 } // namespace
 
-bool rewriteParameters(Units& output, TextView line, TextView key, VersionCode version,
+bool rewriteParameters(Bytes& output, TextView line, TextView key, VersionCode version,
                        std::size_t& at, StatedForm& stated) {
   return ParameterWriting(output, line, key, version, at, stated).write();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cardwright/text.h"
-#include "writer/unchanged/units.h"
+#include "writer/unchanged/bytes.h"
 
 #include <cstddef>
 #include <optional>
@@ -21,7 +21,7 @@ struct StatedForm {
 /// @param key the upper-cased name of the property
 /// @param at  where the first ";" stands; moved to the colon
 /// @returns false where the texts have to be known
-[[nodiscard]] bool rewriteParameters(Units& output, TextView line, TextView key,
+[[nodiscard]] bool rewriteParameters(Bytes& output, TextView line, TextView key,
                                      VersionCode version, std::size_t& at, StatedForm& stated);
 
 } // namespace cardwright

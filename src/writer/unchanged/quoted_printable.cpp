@@ -2,6 +2,7 @@
 
 #include "base/ascii.h"
 #include "base/utf8_decoder.h"
+#include "values/valid_xml.h"
 
 #include <array>
 #include <cstdint>
@@ -36,7 +37,7 @@ unsigned byteAt(TextView value, std::size_t at) noexcept {
 
 /// Appends the character beyond ASCII whose first byte is at `at`.
 /// @returns how many units of the value it takes, 0 where it is none
-std::size_t appendCharacter(Units& output, TextView value, std::size_t at) noexcept {
+std::size_t appendCharacter(Bytes& output, TextView value, std::size_t at) noexcept {
   std::array<char, 4> bytes{};
   std::size_t count = 0;
   for (; count < bytes.size() && at + count * kCodeLength < value.size(); ++count) {
@@ -47,20 +48,17 @@ std::size_t appendCharacter(Units& output, TextView value, std::size_t at) noexc
     bytes[count] = static_cast<char>(byte);
   }
   const Utf8Sequence character = utf8SequenceAt({bytes.data(), count}, 0);
-  if (count == 0 || !character.isLegal) {
+  if (count == 0 || !character.isLegal || !isValidInXml(character.codePoint)) {
     return 0;
   }
-  if (character.codePoint < 0x10000) {
-    output.push_back(static_cast<char16_t>(character.codePoint));
-  } else {
-    output.push_back(static_cast<char16_t>(0xD7C0U + (character.codePoint >> 10U)));
-    output.push_back(static_cast<char16_t>(0xDC00U + (character.codePoint & 0x3FFU)));
+  for (std::size_t i = 0; i < character.length; ++i) {
+    output.push_back(static_cast<unsigned char>(bytes[i]));
   }
   return character.length * kCodeLength;
 }
 
 /// The same for the character, of whatever kind, of which the "=" at `at` begins the code.
-std::size_t appendDecoded(Units& output, TextView value, std::size_t at) noexcept {
+std::size_t appendDecoded(Bytes& output, TextView value, std::size_t at) noexcept {
   const unsigned byte = byteAt(value, at);
   if (byte >= 0x80) {
     return byte < kNone ? appendCharacter(output, value, at) : 0;
@@ -87,7 +85,7 @@ std::size_t appendDecoded(Units& output, TextView value, std::size_t at) noexcep
 
 } // namespace
 
-bool appendWithoutQuotedPrintable(Units& output, TextView value) noexcept {
+bool appendWithoutQuotedPrintable(Bytes& output, TextView value) noexcept {
   for (std::size_t at = 0; at < value.size();) {
     const char16_t unit = value[at];
     if (unit == u'=') {

@@ -1,222 +1,294 @@
 #include "writer/unchanged/values.h"
 
 #include "base/ascii.h"
+#include "base/utf8_decoder.h"
 #include "base/whitespace.h"
 #include "values/source_text.h"
-#include "values/valid_xml.h"
+#include "writer/unchanged/encoding.h"
+#include "writer/unchanged/quoted_printable.h"
+#include "writer/unchanged/signs.h"
 
-#include <cstddef>
+#include <bit>
+#include <cstring>
+#include <string_view>
 
 namespace cardwright {
 
 namespace {
 
+/// What becomes of the bytes that begin with a sign.
+struct Step {
+  std::size_t length;       ///< how many they are; 0 where only the property knows
+  std::string_view written; ///< instead of them; empty where they stay
+
+  static constexpr Step unknown() noexcept { return {0, {}}; }
+  static constexpr Step stays(std::size_t length) noexcept { return {length, {}}; }
+};
+
+using Byte = unsigned char;
+
+/// The unit that the character at `at` stands for; another that is no blank either for most that
+/// are none.
+char16_t unitForBlanks(std::string_view utf8, std::size_t at) noexcept {
+  const auto byte = static_cast<Byte>(utf8[at]);
+  if (byte < 0x80) {
+    return byte;
+  }
+  // U+0085, U+00A0, U+1680, U+2000 to U+205F, U+3000
+  const bool mayBeBlank = byte == 0xC2 || (byte >= 0xE1 && byte <= 0xE3);
+  return mayBeBlank ? static_cast<char16_t>(utf8SequenceAt(utf8, at).codePoint) : u'x';
+}
+
+char16_t firstUnit(std::string_view utf8) noexcept {
+  return unitForBlanks(utf8, 0);
+}
+
+char16_t lastUnit(std::string_view utf8) noexcept {
+  std::size_t at = utf8.size() - 1;
+  while ((static_cast<Byte>(utf8[at]) & 0xC0U) == 0x80) {
+    --at; // Sound UTF-8 has the beginning of each character.
+  }
+  return unitForBlanks(utf8, at);
+}
+
+/// Makes an encoded value what is written of it, in its place. What stays is not moved before
+/// something is written that takes more or less room.
 class ValueWriting {
  public:
-  ValueWriting(Units& output, const ReadableText& value, const ValueForm& form,
+  /// @param begin of the value, which ends where the output does
+  ValueWriting(Bytes& output, std::size_t begin, const ValueForm& form,
                VersionCode version) noexcept
       : m_output(output),
-        m_readable(value),
-        m_value(value.text),
+        m_begin(begin),
+        m_size(output.size() - begin),
+        m_source(output.end() - m_size),
         m_form(form),
         m_version(version) {}
 
-  bool write() {
+  Rewriting write() {
     switch (m_form.valueClass) {
     case ValueClass::text:
     case ValueClass::uri:
     case ValueClass::extension:
       return m_form.isList ? writeList() : writeText();
-    default:
-      return !m_form.isList && writeStructured();
-    }
-  }
-
- private:
-  bool writeStructured() {
-    switch (m_form.valueClass) {
     case ValueClass::name:
       return writeSlots(5);
     case ValueClass::address:
       return writeSlots(7);
     case ValueClass::organisation:
       return writeParts();
-    case ValueClass::dateTime:
-      return writeDate();
-    case ValueClass::utcOffset:
-      return writeOffset();
-    case ValueClass::geo:
-      return writePosition();
     default:
-      return false;
+      return Rewriting::needsProperty;
     }
+  }
+
+ private:
+  [[nodiscard]] std::string_view piece(std::size_t begin, std::size_t end) const noexcept {
+    return {m_source + begin, end - begin};
   }
 
   /// The character behind the backslash at `at`, escaped again where need be.
-  bool writeEscaped(std::size_t at, bool escapesSemicolons) {
-    if (at + 1 >= m_value.size()) {
+  [[nodiscard]] Step escaped(std::size_t at, bool escapesSemicolons) const noexcept {
+    if (at + 1 >= m_size) {
+      return Step::unknown();
+    }
+    const auto byte = static_cast<Byte>(m_source[at + 1]);
+    switch (byte) {
+    case 'n':
+    case ',':
+    case '\\':
+      return Step::stays(2);
+    case 'N':
+      return {2, "\\n"};
+    case ';':
+      return escapesSemicolons ? Step::stays(2) : Step{2, ";"};
+    default:
+      return byte == 'r' || byte == 'R' || byte <= ' ' || byte >= 0x7F
+                 ? Step::unknown()
+                 : Step{2, piece(at + 1, at + 2)};
+    }
+  }
+
+  /// Takes each sign as `stepAt` tells of its place.
+  template <typename StepAt>
+  Rewriting writeSteps(StepAt stepAt) {
+    std::size_t next = 0;
+    for (std::size_t window = 0; window < m_size; window += kSignWindow) {
+      std::uint64_t signs = signsIn(m_source + window, std::min(kSignWindow, m_size - window));
+      for (; signs != 0; signs &= signs - 1) {
+        const std::size_t at = window + static_cast<std::size_t>(std::countr_zero(signs));
+        if (at < next) {
+          continue; // It belongs to an escape.
+        }
+        const Step step = m_source[at] == '\t' ? Step::stays(1) : stepAt(at);
+        if (step.length == 0) {
+          return Rewriting::needsProperty;
+        }
+        next = at + step.length;
+        if (!step.written.empty() && !replace(at, step)) {
+          return Rewriting::needsRoom;
+        }
+      }
+    }
+    if (m_isMoved) {
+      m_output.appendBlocks(piece(m_written, m_size));
+    }
+    return Rewriting::done;
+  }
+
+  /// False where there is no room to keep the value beside what is written of it.
+  bool replace(std::size_t at, const Step& step) noexcept {
+    if (m_isMoved) {
+      m_output.appendBlocks(piece(m_written, at));
+    } else if (!move(at)) {
       return false;
     }
-    const char16_t unit = m_value[at + 1];
-    switch (unit) {
-    case u'n':
-    case u'N':
-      m_output.append(u"\\n");
-      return true;
-    case u';':
-      if (!escapesSemicolons) {
-        m_output.push_back(u';');
-        return true;
-      }
-      [[fallthrough]];
-    case u'\\':
-    case u',':
-      m_output.push_back(u'\\');
-      m_output.push_back(unit);
-      return true;
-    default:
-      if (unit == u'r' || unit == u'R' || unit <= u' ' || unit >= 0x7F) {
-        return false;
-      }
-      m_output.push_back(unit);
-      return true;
+    for (const char byte : step.written) {
+      m_output.push_back(static_cast<Byte>(byte));
     }
-  }
-
-  /// Whether the unit that is no plain one stands for itself all the same.
-  bool isPlainAt(std::size_t at) const noexcept {
-    const char16_t unit = m_value[at];
-    return unit == u'\t' || (!isAscii(unit) && invalidLengthAt(m_value, at) == 0);
-  }
-
-  /// Writes up to the end, where `write` does what is not plain: it gets the place and tells how
-  /// many units it has written, 0 where it cannot.
-  template <typename Write>
-  bool writePlain(Write write) {
-    return writePlain(write, [](std::size_t at) { return at; });
-  }
-
-  /// The same, where `skip` writes what it can at once, from a place on, and tells how far it came.
-  template <typename Write, typename Skip>
-  bool writePlain(Write write, Skip skip) {
-    std::size_t at = m_output.appendPlain(m_readable, skip(0));
-    while (at < m_value.size()) {
-      if (isPlainAt(at)) {
-        // A high surrogate that is valid begins a pair.
-        const std::size_t length = isHighSurrogate(m_value[at]) ? 2 : 1;
-        m_output.appendCharacter(m_value.substr(at, length));
-        at += length;
-      } else {
-        const std::size_t length = write(at);
-        if (length == 0) {
-          return false;
-        }
-        at += length;
-      }
-      // Separators often follow each other.
-      if (at < m_value.size() && m_value[at] != u';') {
-        at = m_output.appendPlain(m_readable, skip(at));
-      }
-    }
+    m_written = at + step.length;
     return true;
   }
 
-  bool writeText() {
-    const auto write = [this](std::size_t at) -> std::size_t {
-      switch (m_value[at]) {
-      case u'\\':
-        return writeEscaped(at, m_version == 3) ? 2 : 0;
-      case u',':
-        m_output.append(u"\\,");
-        return 1;
-      case u';':
-        m_output.append(m_version == 3 ? u"\\;" : u";");
-        return 1;
-      default:
-        return 0;
-      }
-    };
-    return writePlain(write, [this](std::size_t at) {
-      constexpr std::size_t kLong = 64; // Others seldom have escapes.
-      return m_value.size() - at < kLong ? at : m_output.appendEscaped(m_value, at, m_version == 3);
-    });
+  /// Keeps the value further on, so that what stands from `at` on can be written over.
+  bool move(std::size_t at) noexcept {
+    // No byte becomes more than two.
+    const std::size_t distance = 2 * m_size + kBeyondBytes;
+    m_output.resize(m_begin);
+    if (m_output.room() < distance + m_size + kBeyondBytes) {
+      return false;
+    }
+    char* const value = m_output.end();
+    std::memcpy(value + distance, value, m_size);
+    m_output.setEnd(value + at);
+    m_source = value + distance;
+    m_isMoved = true;
+    return true;
   }
 
-  bool writeParts() {
-    return writePlain([this](std::size_t at) -> std::size_t {
-      switch (m_value[at]) {
-      case u'\\':
-        return writeEscaped(at, true) ? 2 : 0;
-      case u',':
-        m_output.append(u"\\,");
-        return 1;
-      case u';':
-        m_output.push_back(u';');
-        return 1;
+  [[nodiscard]] std::string_view semicolon() const noexcept {
+    return m_version == 3 ? std::string_view("\\;") : std::string_view();
+  }
+
+  Rewriting writeText() {
+    return writeSteps([this](std::size_t at) -> Step {
+      switch (m_source[at]) {
+      case '\\':
+        return escaped(at, m_version == 3);
+      case ',':
+        return {1, "\\,"};
+      case ';':
+        return {1, semicolon()};
       default:
-        return 0;
+        return Step::unknown();
       }
     });
   }
 
-  bool writeSlots(std::size_t count) {
+  Rewriting writeParts() {
+    return writeSteps([this](std::size_t at) -> Step {
+      switch (m_source[at]) {
+      case '\\':
+        return escaped(at, true);
+      case ',':
+        return {1, "\\,"};
+      case ';':
+        return Step::stays(1);
+      default:
+        return Step::unknown();
+      }
+    });
+  }
+
+  Rewriting writeSlots(std::size_t count) {
     std::size_t slots = 1;
     std::size_t pieceBegin = 0;
     // Blanks around a piece are not read, and an empty piece stands only in an empty slot.
     const auto isPiece = [&](std::size_t end, bool mayBeEmpty) {
-      return pieceBegin == end ? mayBeEmpty
-                               : !isWhitespaceOrNewline(m_value[pieceBegin]) &&
-                                     !isWhitespaceOrNewline(m_value[end - 1]);
+      const std::string_view text = piece(pieceBegin, end);
+      return text.empty() ? mayBeEmpty
+                          : !isWhitespaceOrNewline(firstUnit(text)) &&
+                                !isWhitespaceOrNewline(lastUnit(text));
     };
     bool isList = false;
-    const bool isWritten = writePlain([&](std::size_t at) -> std::size_t {
-      const char16_t unit = m_value[at];
-      if (unit == u'\\') {
-        return writeEscaped(at, true) ? 2 : 0;
+    const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
+      const char byte = m_source[at];
+      if (byte == '\\') {
+        return escaped(at, true);
       }
-      const bool endsSlot = unit == u';';
-      if ((unit != u',' && !endsSlot) || !isPiece(at, endsSlot && !isList)) {
-        return 0;
+      const bool endsSlot = byte == ';';
+      if ((byte != ',' && !endsSlot) || !isPiece(at, endsSlot && !isList)) {
+        return Step::unknown();
       }
       slots += endsSlot ? 1 : 0;
       isList = !endsSlot;
-      m_output.push_back(unit);
       pieceBegin = at + 1;
-      return 1;
+      return Step::stays(1);
     });
-    if (!isWritten || slots > count || !isPiece(m_value.size(), !isList)) {
-      return false;
+    if (rewriting != Rewriting::done) {
+      return rewriting;
     }
-    m_output.append(count - slots, u';');
-    return true;
+    if (slots > count || !isPiece(m_size, !isList)) {
+      return Rewriting::needsProperty;
+    }
+    m_output.append(count - slots, ';');
+    return Rewriting::done;
   }
 
   /// Pieces between commas without blanks around them, which are not read.
-  bool writeList() {
+  Rewriting writeList() {
     std::size_t pieceBegin = 0;
     const auto isPiece = [&](std::size_t end) {
-      return pieceBegin == end ||
-             (!isWhitespace(m_value[pieceBegin]) && !isWhitespace(m_value[end - 1]));
+      const std::string_view text = piece(pieceBegin, end);
+      return text.empty() || (!isWhitespace(firstUnit(text)) && !isWhitespace(lastUnit(text)));
     };
-    const bool isWritten = writePlain([&](std::size_t at) -> std::size_t {
-      const char16_t unit = m_value[at];
-      if (unit == u'\\') {
-        return writeEscaped(at, m_version == 3) ? 2 : 0;
+    const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
+      switch (m_source[at]) {
+      case '\\':
+        return escaped(at, m_version == 3);
+      case ';':
+        return {1, semicolon()};
+      case ',':
+        if (!isPiece(at)) {
+          return Step::unknown();
+        }
+        pieceBegin = at + 1;
+        return Step::stays(1);
+      default:
+        return Step::unknown();
       }
-      if (unit == u';') {
-        m_output.append(m_version == 3 ? u"\\;" : u";");
-        return 1;
-      }
-      if (unit != u',' || !isPiece(at)) {
-        return 0;
-      }
-      m_output.push_back(u',');
-      pieceBegin = at + 1;
-      return 1;
     });
-    return isWritten && isPiece(m_value.size());
+    return rewriting == Rewriting::done && !isPiece(m_size) ? Rewriting::needsProperty : rewriting;
   }
 
+  Bytes& m_output;
+  std::size_t m_begin; ///< of the value in the output
+  std::size_t m_size;
+  const char* m_source;      ///< where the value stands
+  std::size_t m_written = 0; ///< how much of it was written, once it was moved
+  bool m_isMoved = false;
+  const ValueForm& m_form;
+  VersionCode m_version;
+};
+
+/// Writes dates, offsets and positions, which are of ASCII.
+class NumberWriting {
+ public:
+  NumberWriting(Bytes& output, TextView value, const ValueForm& form, VersionCode version) noexcept
+      : m_output(output), m_value(value), m_form(form), m_version(version) {}
+
+  bool write() {
+    switch (m_form.valueClass) {
+    case ValueClass::dateTime:
+      return writeDate();
+    case ValueClass::utcOffset:
+      return writeOffset();
+    default:
+      return writePosition();
+    }
+  }
+
+ private:
   bool writeDate() {
     const TextView text = m_value;
     const bool isSound = text.ends_with(u'Z') ? m_form.mayBeInstant && isOrdinaryDateTime(text)
@@ -298,19 +370,32 @@ class ValueWriting {
     return takeDigits() == 6;
   }
 
-  Units& m_output;
-  const ReadableText& m_readable;
-  TextView m_value; ///< the same, only what counts
+  Bytes& m_output;
+  TextView m_value;
   const ValueForm& m_form;
   VersionCode m_version;
   std::size_t m_at = 0; ///< in a position
 };
 
+/// These are read without decoding.
+bool isNumber(ValueClass valueClass) noexcept {
+  return valueClass == ValueClass::dateTime || valueClass == ValueClass::utcOffset ||
+         valueClass == ValueClass::geo;
+}
+
 } // namespace
 
-bool rewriteValue(Units& output, const ReadableText& value, const ValueForm& form,
-                  VersionCode version) {
-  return ValueWriting(output, value, form, version).write();
+Rewriting rewriteValue(Bytes& output, const ReadableText& value, const ValueForm& form,
+                       VersionCode version) {
+  if (isNumber(form.valueClass)) {
+    const bool isWritten = !form.isList && !form.isQuotedPrintable &&
+                           NumberWriting(output, value.text, form, version).write();
+    return isWritten ? Rewriting::done : Rewriting::needsProperty;
+  }
+  const std::size_t begin = output.size();
+  const bool isEncoded = form.isQuotedPrintable ? appendWithoutQuotedPrintable(output, value.text)
+                                                : encodeSound(output, value);
+  return isEncoded ? ValueWriting(output, begin, form, version).write() : Rewriting::needsProperty;
 }
 
 } // namespace cardwright

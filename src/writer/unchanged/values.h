@@ -1,9 +1,12 @@
 #pragma once
 
-#include "base/scan_lanes.h"
-#include "cardwright/text.h"
+#include "base/readable_text.h"
+#include "base/utf8_encoder.h"
 #include "values/value_classes.h"
-#include "writer/unchanged/units.h"
+#include "writer/unchanged/bytes.h"
+#include "writer/unchanged/rewriting.h"
+
+#include <cstddef>
 
 namespace cardwright {
 
@@ -17,10 +20,21 @@ struct ValueForm {
   bool mayBeInstant = false;      ///< likewise, days with a time
 };
 
+/// How many bytes are written at most before rewriteValue asks whether there is room for more.
+[[nodiscard]] constexpr std::size_t roomToBegin(std::size_t units) noexcept {
+  constexpr std::size_t kSeparators = 8;
+  return roomForUtf8(units) + kSeparators + kBeyondBytes;
+}
+
+/// How many bytes rewriteValue may ask for in all.
+[[nodiscard]] constexpr std::size_t roomForValue(std::size_t units) noexcept {
+  return 3 * roomToBegin(units);
+}
+
 /// Appends a value that was read as it is written.
-/// @param value begins behind blanks, and is decoded
-/// @returns false where the value has to be known
-[[nodiscard]] bool rewriteValue(Units& output, const ReadableText& value, const ValueForm& form,
-                                VersionCode version);
+/// @param value  begins behind blanks
+/// @param output has room for roomToBegin
+[[nodiscard]] Rewriting rewriteValue(Bytes& output, const ReadableText& value,
+                                     const ValueForm& form, VersionCode version);
 
 } // namespace cardwright
