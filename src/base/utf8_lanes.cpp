@@ -234,6 +234,29 @@ CARDWRIGHT_SHUFFLING std::size_t storeTriples(char* output, __m128i units) noexc
   return kKeptLengths.lengths[set];
 }
 
+/// Writes eight units of three bytes each.
+CARDWRIGHT_SHUFFLING void storeAllTriples(char* output, __m128i units) noexcept {
+  constexpr std::int8_t kNone = -1;
+  const __m128i first = _mm_or_si128(_mm_srli_epi16(units, 12), sixteen(0xE0));
+  const __m128i middle =
+      _mm_or_si128(_mm_and_si128(_mm_srli_epi16(units, 6), sixteen(0x3F)), sixteen(0x80));
+  const __m128i last = _mm_or_si128(_mm_and_si128(units, sixteen(0x3F)), sixteen(0x80));
+  const __m128i beginnings = _mm_or_si128(first, _mm_slli_epi16(middle, 8));
+  const auto merged = [&](__m128i fromBeginnings, __m128i fromLast) CARDWRIGHT_SHUFFLING {
+    return _mm_or_si128(_mm_shuffle_epi8(beginnings, fromBeginnings),
+                        _mm_shuffle_epi8(last, fromLast));
+  };
+  store(output,
+        merged(_mm_setr_epi8(0, 1, kNone, 2, 3, kNone, 4, 5, kNone, 6, 7, kNone, 8, 9, kNone, 10),
+               _mm_setr_epi8(kNone, kNone, 0, kNone, kNone, 2, kNone, kNone, 4, kNone, kNone, 6,
+                             kNone, kNone, 8, kNone)));
+  store(output + kByteLanes,
+        merged(_mm_setr_epi8(11, kNone, 12, 13, kNone, 14, 15, kNone, kNone, kNone, kNone, kNone,
+                             kNone, kNone, kNone, kNone),
+               _mm_setr_epi8(kNone, 10, kNone, kNone, 12, kNone, kNone, 14, kNone, kNone, kNone,
+                             kNone, kNone, kNone, kNone, kNone)));
+}
+
 /// Whether any of eight units may be none that a value holds: a half of a pair, U+D7FF, or one of
 /// the last four.
 bool areUncertain(__m128i units, __m128i ranges) noexcept {
@@ -293,13 +316,17 @@ CARDWRIGHT_SHUFFLING EncodedRun encodeShuffling(const ReadableText& readable,
         units = _mm_and_si128(units, load(kKeptLanes.data() + kUnits - left));
       }
       const __m128i ranges = _mm_and_si128(units, sixteen(0xF800));
-      if (bits(_mm_cmpeq_epi16(ranges, zero)) == 0xFFFFU) {
+      const Bits shorter = bits(_mm_cmpeq_epi16(ranges, zero));
+      if (shorter == 0xFFFFU) {
         end += storePairs(end, units);
-      } else if (!areUncertain(units, ranges)) {
+      } else if (areUncertain(units, ranges)) {
+        return run();
+      } else if (shorter == 0) {
+        storeAllTriples(end, units);
+        end += 3 * kUnits;
+      } else {
         end += storeTriples(end, _mm_unpacklo_epi16(units, zero));
         end += storeTriples(end, _mm_unpackhi_epi16(units, zero));
-      } else {
-        return run();
       }
       if (left < kUnits) {
         end -= kUnits - left;

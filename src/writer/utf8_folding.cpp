@@ -32,13 +32,39 @@ std::size_t beginOfCodePoint(std::string_view line, std::size_t at) noexcept {
   return at;
 }
 
-bool neverJoinsAt(std::string_view line, std::size_t at) noexcept {
-  const char32_t codePoint = utf8SequenceAt(line, at).codePoint;
-  return codePoint < 0x10000 && neverJoins(static_cast<char16_t>(codePoint));
+/// The character of sound UTF-8 at `at`; 0 for one of four bytes.
+char16_t unitAt(std::string_view line, std::size_t at) noexcept {
+  const auto byte = [&](std::size_t behind) -> unsigned {
+    return static_cast<Byte>(line[at + behind]);
+  };
+  const unsigned lead = byte(0);
+  if (lead < 0x80) {
+    return static_cast<char16_t>(lead);
+  }
+  if (lead < 0xE0) {
+    return static_cast<char16_t>((lead & 0x1FU) << 6U | (byte(1) & 0x3FU));
+  }
+  return lead < 0xF0 ? static_cast<char16_t>((lead & 0xFU) << 12U | (byte(1) & 0x3FU) << 6U |
+                                             (byte(2) & 0x3FU))
+                     : u'\0';
 }
 
-/// The last character boundary in the line that is behind `begin` and not behind `end`, where the
-/// characters around tell.
+bool neverJoinsAt(std::string_view line, std::size_t at) noexcept {
+  const char16_t unit = unitAt(line, at);
+  return unit != u'\0' && unit != u'\r' && neverJoins(unit);
+}
+
+/// The last boundary that a walk along the characters from the text's begin to `last` finds, or 0.
+std::size_t walkedBoundary(TextView text, std::size_t last) {
+  std::size_t boundary = 0;
+  for (GraphemeWalker walker(text); walker.next() <= last;) {
+    boundary = walker.position();
+  }
+  return boundary;
+}
+
+/// The last character boundary in the line that is behind `begin` and not behind `end`; absent
+/// where there is none.
 /// @param end in front of the line's end
 std::optional<std::size_t> boundaryBefore(std::string_view line, std::size_t begin,
                                           std::size_t end) {
@@ -46,8 +72,7 @@ std::optional<std::size_t> boundaryBefore(std::string_view line, std::size_t beg
     return end;
   }
   end = beginOfCodePoint(line, end);
-  const std::size_t before = beginOfCodePoint(line, end - 1);
-  if (neverJoinsAt(line, before) && neverJoinsAt(line, end) && line[before] != '\r') {
+  if (neverJoinsAt(line, beginOfCodePoint(line, end - 1)) && neverJoinsAt(line, end)) {
     return end;
   }
   // No unit is of less than one byte; one character more is looked at, and blocks are written.
@@ -55,23 +80,17 @@ std::optional<std::size_t> boundaryBefore(std::string_view line, std::size_t beg
   const std::string_view piece = line.substr(begin, end + utf8SequenceAt(line, end).length - begin);
   const std::size_t count = decodeSoundRun(piece, units.data(), units.size()).units;
   const TextView text(units.data(), count);
-  const std::size_t last = count >= 2 && isLowSurrogate(text[count - 1]) ? count - 2 : count - 1;
+  std::size_t last = count >= 2 && isLowSurrogate(text[count - 1]) ? count - 2 : count - 1;
   std::size_t boundary = certainBoundaryBefore(text, 0, last);
   if (boundary == 0) {
-    for (GraphemeWalker walker(text); walker.next() <= last;) {
-      boundary = walker.position();
-    }
+    boundary = walkedBoundary(text, last);
   }
   if (boundary == 0) {
     return std::nullopt;
   }
-  for (std::size_t at = begin; at < end;) {
-    if (boundary == 0) {
-      return at;
-    }
-    const Utf8Sequence sequence = utf8SequenceAt(line, at);
-    boundary -= unitLength(sequence.codePoint);
-    at += sequence.length;
+  while (last > boundary) {
+    end = beginOfCodePoint(line, end - 1);
+    last -= static_cast<Byte>(line[end]) < 0xF0 ? 1 : 2;
   }
   return end;
 }
