@@ -1,6 +1,7 @@
 #include "books.h"
 #include "cardwright/face.h"
 #include "content.h"
+#include "kept_memory.h"
 #include "support/written_bytes.h"
 
 #include <benchmark/benchmark.h>
@@ -135,6 +136,7 @@ constexpr Task kTasks[] = {
       benchmark::RegisterBenchmark(
           name.c_str(),
           [book, work = task.work](benchmark::State& state) {
+            keepMemory();
             const std::string& bytes = bookOf(book, static_cast<std::size_t>(state.range(0)));
             work(state, bytes);
             state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
