@@ -1,12 +1,14 @@
 #include "command_options.h"
 #include "commands.h"
-#include "serve/server.h"
-#include "serve/token.h"
 
+#include <array>
+#include <cerrno>
 #include <charconv>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
+#include <unistd.h>
 
 namespace cardwright::tool {
 
@@ -37,23 +39,30 @@ int portNamed(const std::string& number) {
   return port;
 }
 
-void servePage(const ServeOptions& options, const Session& session) {
-  const std::string token = randomToken();
-  if (token.empty()) {
-    session.diagnostics.error({}, "the system gives no random numbers");
-    return;
-  }
-  const int error = serve(options.port, token, [&](const std::string& address) {
-    if (!options.isQuiet) {
-      session.diagnostics.note("open this address in a browser; Ctrl-C ends it");
+/// The directory of this program's file; empty where the system does not tell.
+std::filesystem::path ownDirectory() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+/// Becomes the server, a program of its own. Returns when that is not possible.
+void becomeServer(const ServeOptions& options, const Session& session) {
+  const std::filesystem::path name = "cardwright-serve";
+  std::string port = std::to_string(options.port);
+  std::string quiet = options.isQuiet ? "quiet" : "";
+  const std::filesystem::path beside = ownDirectory() / name;
+  const std::filesystem::path installed = ownDirectory() / CARDWRIGHT_SERVER_DIRECTORY / name;
+  int error = ENOENT;
+  for (const std::filesystem::path& path : {beside, installed}) {
+    std::string program = path.string();
+    std::array<char*, 4> arguments = {program.data(), port.data(), quiet.data(), nullptr};
+    ::execv(program.c_str(), arguments.data());
+    error = errno;
+    if (error != ENOENT) {
+      break;
     }
-    session.output.write(address + "\n");
-    session.output.flush();
-    return session.output.isOpen();
-  });
-  if (error != 0) {
-    session.diagnostics.error("port " + std::to_string(options.port), systemMessage(error));
   }
+  session.diagnostics.error(name.string(), systemMessage(error));
 }
 
 } // namespace
@@ -66,7 +75,7 @@ void addServeCommand(Command& app, const Session& session) {
       [options](const std::string& number) { options->port = portNamed(number); },
       "Port to listen on; without it, any that is free");
   command.addFlag("-q,--quiet", options->isQuiet, "Print nothing but the address");
-  command.setAction([options, session] { servePage(*options, session); });
+  command.setAction([options, session] { becomeServer(*options, session); });
 }
 
 } // namespace cardwright::tool

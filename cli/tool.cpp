@@ -9,7 +9,7 @@
 
 namespace cardwright::tool {
 
-ExitStatus run(int argc, char** argv) {
+ExitStatus runSession(const std::function<void(const Session&)>& work) {
   // Whoever reads our output may stop at any time; that shows when writing, and kills nobody.
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
@@ -21,7 +21,7 @@ ExitStatus run(int argc, char** argv) {
     output.sharesTerminalWith(diagnostics.progress());
   }
   try {
-    runCommandLine(argc, argv, {output, diagnostics});
+    work({output, diagnostics});
   } catch (const std::bad_alloc&) {
     diagnostics.error({}, "not enough memory");
   }
@@ -30,6 +30,10 @@ ExitStatus run(int argc, char** argv) {
     diagnostics.error("standard output", systemMessage(output.error()));
   }
   return diagnostics.status();
+}
+
+ExitStatus run(int argc, char** argv) {
+  return runSession([&](const Session& session) { runCommandLine(argc, argv, session); });
 }
 
 } // namespace cardwright::tool

@@ -17,6 +17,9 @@ if(TOOL)
     "share/bash-completion/completions/cardwright" "share/zsh/vendor-completions/_cardwright"
     "share/fish/vendor_completions[.]d/cardwright[.]fish")
 endif()
+if(SERVES)
+  list(APPEND expected "libexec/cardwright/cardwright-serve")
+endif()
 file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE ${INSTALLED} ${INSTALLED}/*)
 foreach(file IN LISTS expected)
   set(found ${installed})
@@ -30,6 +33,15 @@ set(programs ${installed})
 list(FILTER programs INCLUDE REGEX "^bin/")
 if(TOOL AND NOT programs STREQUAL "bin/cardwright")
   message(FATAL_ERROR "bin holds ${programs}")
+endif()
+
+if(SERVES)
+  # It ends at once when nobody can read its address.
+  execute_process(COMMAND ${INSTALLED}/bin/cardwright serve OUTPUT_FILE /dev/full
+                  ERROR_VARIABLE errors TIMEOUT 20)
+  if(NOT errors MATCHES "standard output")
+    message(FATAL_ERROR "the installed tool does not serve: ${errors}")
+  endif()
 endif()
 
 foreach(file IN LISTS installed)
