@@ -31,8 +31,7 @@ class CardWriting {
     }
     std::size_t held = 0;
     const auto writeNext = [&](const std::shared_ptr<VCard>& card, std::size_t number) {
-      held += heldProperties(*card);
-      writeCard(card, number, file.path);
+      held += writeCard(card, number, file.path);
       return m_output.isOpen();
     };
     if (!takeCards(file, "writing", m_diagnostics.progress(), writeNext)) {
@@ -62,9 +61,13 @@ class CardWriting {
     return held;
   }
 
-  void writeCard(const std::shared_ptr<VCard>& card, std::size_t number, const std::string& path) {
+  /// @returns how many properties the card holds
+  std::size_t writeCard(const std::shared_ptr<VCard>& card, std::size_t number,
+                        const std::string& path) {
     VCardList cards{card};
+    std::size_t held = 0;
     if (m_options.converts) {
+      held = heldProperties(*card);
       ConversionReport conversion;
       cards = convertCards(cards, m_options.version, &conversion);
       m_sums.addConversion(conversion);
@@ -82,6 +85,8 @@ class CardWriting {
     for (const WriteChange& change : writing.changes) {
       note(number, change.property, writeChangeText(change.kind));
     }
+    // To ask the card would have all its lines read.
+    return m_options.converts ? held : writing.properties;
   }
 
   /// What else a conversion did comes back, and is told in the report.

@@ -20,6 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const auto& card : readUncleaned(textFromUtf8(bytes))) {
     for (const VersionCode version : {2, 3, 4}) {
       demand(written(*card, version) == writtenAfresh(*card, version));
+      demand(writeCards({card}, nullptr, {version}) ==
+             writeCards({afresh(*card)}, nullptr, {version}));
     }
     const RoundTrip trip = roundTrip(*card);
     if (!trip.surprises.empty()) {

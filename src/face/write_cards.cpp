@@ -9,6 +9,7 @@
 #include "model/stated_version.h"
 #include "model/stored_parts.h"
 #include "writer/order.h"
+#include "writer/unchanged/card.h"
 
 #include <algorithm>
 #include <map>
@@ -87,6 +88,14 @@ bool mayBeCompanion(const VCardProperty& property) {
          equalIgnoringCase(name, kAddressFormat);
 }
 
+void appendProperty(Text& output, const VCardProperty& property, const WritingContext& context) {
+  if (isOrdinary(property, context)) {
+    property.generate(output, context.syntax, &context.formatter);
+  } else if (const auto line = safeLine(property, context)) {
+    appendLine(output, *line);
+  }
+}
+
 /// Writes one card: labels and address formats behind the first property that they describe, and
 /// in their own place where there is none.
 class CardWriting {
@@ -109,11 +118,7 @@ class CardWriting {
   void writeInOrder(const Properties& properties) {
     for (const VCardProperty* property : properties) {
       m_context.recorder.propertyFound();
-      if (isOrdinary(*property, m_context)) {
-        property->generate(m_output, m_context.syntax, &m_context.formatter);
-      } else if (const auto line = safeLine(*property, m_context)) {
-        appendLine(m_output, *line);
-      }
+      appendProperty(m_output, *property, m_context);
     }
   }
 
@@ -215,25 +220,87 @@ class CardWriting {
   std::set<std::pair<TextView, TextView>> m_written;
 };
 
+/// Takes what is written of an unchanged card from its lines, and what is not ordinary in it.
+class SafeOutput final : public CardOutput {
+ public:
+  SafeOutput(std::string& output, const WritingContext& context) noexcept
+      : m_bytes(output), m_lines(output), m_context(context) {}
+
+  void append(std::string_view lines) override { m_lines.append(lines); }
+  void appendFolded(std::string_view line) override { m_lines.appendFolded(line); }
+
+  void append(const VCardProperty& property, VersionCode /*version*/,
+              DateFormatter* /*formatter*/) override {
+    Text text;
+    appendProperty(text, property, m_context);
+    appendUtf8(m_bytes, text);
+  }
+
+ private:
+  std::string& m_bytes;
+  Utf8Output m_lines;
+  const WritingContext& m_context;
+};
+
+class SafeWriting {
+ public:
+  SafeWriting(std::string& output, const WriteOptions& options, WriteRecorder& recorder)
+      : m_output(output), m_options(options), m_recorder(recorder) {}
+
+  void write(const VCard& card) {
+    m_recorder.cardBegins();
+    const detail::CardLines* const lines = StoredParts::unchangedLinesOf(card);
+    if (lines == nullptr || !writeLines(card, *lines)) {
+      writeProperties(card);
+    }
+  }
+
+ private:
+  bool writeLines(const VCard& card, const detail::CardLines& lines) {
+    const VersionCode stated = plainlyStatedVersion(lines);
+    if (stated == 0) {
+      return false;
+    }
+    const WritingContext context = contextOf(stated);
+    SafeOutput output(m_output, context);
+    const bool isWritten =
+        appendUnchangedSafely(output, card, lines, context.syntax, &context.formatter, stated);
+    for (std::size_t i = 0; isWritten && i < lines.count; ++i) {
+      m_recorder.propertyFound();
+    }
+    return isWritten;
+  }
+
+  void writeProperties(const VCard& card) {
+    const Properties properties = orderedProperties(card);
+    const WritingContext context = contextOf(statedVersion(properties));
+    m_text.clear();
+    CardWriting(m_text, context).write(properties);
+    appendUtf8(m_output, m_text);
+  }
+
+  WritingContext contextOf(VersionCode stated) {
+    return {syntaxFor(m_options, stated), stated, m_formatter, m_recorder};
+  }
+
+  std::string& m_output;
+  const WriteOptions& m_options;
+  WriteRecorder& m_recorder;
+  DateFormatter m_formatter{"en_US_POSIX"};
+  Text m_text;
+};
+
 } // namespace
 
 std::string writeCards(const VCardList& cards, WriteReport* report, const WriteOptions& options) {
   WriteReport done;
   WriteRecorder recorder(report != nullptr ? &done : nullptr);
-  DateFormatter formatter("en_US_POSIX");
   std::string bytes;
-  Text text;
+  SafeWriting writing(bytes, options, recorder);
   for (const auto& card : cards) {
-    if (card == nullptr) {
-      continue;
+    if (card != nullptr) {
+      writing.write(*card);
     }
-    recorder.cardBegins();
-    const Properties properties = orderedProperties(*card);
-    const VersionCode stated = statedVersion(properties);
-    const WritingContext context{syntaxFor(options, stated), stated, formatter, recorder};
-    text.clear();
-    CardWriting(text, context).write(properties);
-    appendUtf8(bytes, text);
   }
   if (report != nullptr) {
     *report = std::move(done);

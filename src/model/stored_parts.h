@@ -26,6 +26,10 @@ struct StoredParts {
   of(const VCardMultiValue& value) noexcept {
     return value.m_values;
   }
+  /// The lines that a card was read from, if nobody has changed it since.
+  [[nodiscard]] static const detail::CardLines* unchangedLinesOf(const VCard& card) noexcept {
+    return card.isUnchanged() ? &card.m_lines : nullptr;
+  }
   static void fetch(const VCard& card) { VCard::fetchProperties(card.properties()); }
 };
 

@@ -3,6 +3,7 @@
 #include "support/afresh.h"
 #include "support/corpus_test.h"
 #include "support/round_trip.h"
+#include "support/same_writing.h"
 #include "support/seed.h"
 #include "support/strange_cards.h"
 
@@ -38,6 +39,7 @@ TEST_F(CorpusRoundTrip, keepsCards) {
   for (const auto& file : files()) {
     SCOPED_TRACE(file.string());
     const auto cards = VCard::vCardsFromString(decodeFile(bytesOf(file)));
+    expectSameWritingWithoutLines(cards.value());
     for (const auto& card : cards.value()) {
       for (const VersionCode version : {2, 3, 4}) {
         EXPECT_EQ(written(*card, version), writtenAfresh(*card, version));

@@ -3,6 +3,8 @@
 #include "cardwright/date_formatter.h"
 #include "cardwright/utf8.h"
 #include "cardwright/vcard_property.h"
+#include "face/writing/ordinary_property.h"
+#include "face/writing/safe_property.h"
 #include "support/text_printer.h"
 #include "writer/companions.h"
 #include "writer/folding.h"
@@ -16,8 +18,24 @@
 
 namespace cardwright {
 
+/// What writeCards writes of a property.
+[[nodiscard]] inline Text safelyWritten(const VCardProperty& property, VersionCode version,
+                                        VersionCode stated) {
+  DateFormatter formatter("en_US_POSIX");
+  WriteRecorder recorder(nullptr);
+  const WritingContext context{version, stated, formatter, recorder};
+  Text output;
+  if (isOrdinary(property, context)) {
+    property.generate(output, version, &formatter);
+  } else if (const auto line = safeLine(property, context)) {
+    appendLine(output, *line);
+  }
+  return output;
+}
+
 /// Expects that a line is rewritten as the property that was read from it is written, if it is
-/// rewritten at all, and in no more room than was asked for.
+/// rewritten at all, and in no more room than was asked for; as generate writes it, and as
+/// writeCards does.
 /// @returns whether it is
 [[nodiscard]] inline bool rewritesLikeItsProperty(TextView line, VersionCode readAs,
                                                   VersionCode version) {
@@ -47,6 +65,17 @@ namespace cardwright {
   appendFoldedUtf8(actual, output.view());
   EXPECT_EQ(textFromUtf8(actual), expected)
       << testing::PrintToString(line) << " read as " << readAs << ", written as " << version;
+
+  output.resize(0);
+  const VersionCode stated = readAs == 0 ? 3 : readAs;
+  const ReadLine read{{view, view.data() + view.size()}, readAs, stated};
+  if (rewriteLine(output, read, version, memory).rewriting == Rewriting::done) {
+    actual.clear();
+    appendFoldedUtf8(actual, output.view());
+    EXPECT_EQ(textFromUtf8(actual), safelyWritten(property, version, stated))
+        << testing::PrintToString(line) << " read as " << readAs << ", written safely as "
+        << version;
+  }
   return true;
 }
 

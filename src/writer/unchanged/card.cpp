@@ -74,7 +74,7 @@ class LineOrder {
 class UnchangedCard {
  public:
   UnchangedCard(CardOutput& output, const VCard& card, const detail::CardLines& lines,
-                VersionCode version, DateFormatter* formatter)
+                VersionCode version, DateFormatter* formatter, VersionCode stated)
       : m_output(output),
         m_card(card),
         m_texts(lines.store->lines.data() + lines.first),
@@ -84,6 +84,7 @@ class UnchangedCard {
         m_countBeforeVersion(lines.countBeforeVersion),
         m_readAs(lines.version),
         m_version(version),
+        m_stated(stated),
         m_formatter(formatter),
         m_memory(ofThread<HeaderMemory>()) {}
 
@@ -101,13 +102,29 @@ class UnchangedCard {
     return true;
   }
 
+  /// Whether each label and format is written where writeCards would write it, too: behind the only
+  /// property that it describes, and there is no other of its kind there.
+  [[nodiscard]] bool hasPlainCompanions() const noexcept {
+    if (m_companionCount == 0) {
+      return true;
+    }
+    for (std::size_t number = 0; number < m_count; ++number) {
+      const Left left = m_lines[number].left;
+      if (left != Left::nothing && left != Left::folding) {
+        return false; // It may be left out, and then it describes or is described by nothing.
+      }
+    }
+    return std::all_of(m_companions.begin(), m_companions.begin() + m_companionCount,
+                       [this](std::size_t number) { return isPlainCompanion(number); });
+  }
+
   void write() {
     m_output.append("BEGIN:VCARD\r\n");
     for (std::size_t place = 0; place < m_count; ++place) {
       const std::size_t number = m_order[place];
       const CardLine& line = m_lines[number];
       if (!line.isCompanion && write(number) && line.groupSize != 0) {
-        const TextView group = m_texts[number].substr(0, line.groupSize);
+        const TextView group = groupOf(number);
         writeCompanions(kLabelKey, group);
         if (line.key == cVCardProperty_ADR) {
           writeCompanions(kAddressFormatKey, group);
@@ -119,13 +136,38 @@ class UnchangedCard {
   }
 
  private:
+  [[nodiscard]] bool isWrittenSafely() const noexcept { return m_stated != 0; }
+
+  [[nodiscard]] TextView groupOf(std::size_t number) const noexcept {
+    return m_texts[number].substr(0, m_lines[number].groupSize);
+  }
+
+  [[nodiscard]] bool isPlainCompanion(std::size_t number) const noexcept {
+    const CardLine& companion = m_lines[number];
+    std::size_t hosts = 0;
+    std::size_t others = 0;
+    for (std::size_t i = 0; i < m_count; ++i) {
+      const CardLine& line = m_lines[i];
+      if (line.groupSize == companion.groupSize &&
+          equalAsciiIgnoringCase(groupOf(i), groupOf(number))) {
+        const bool isHost =
+            !line.isCompanion && (companion.key == kLabelKey || line.key == cVCardProperty_ADR);
+        hosts += isHost ? 1 : 0;
+        others += line.isCompanion && line.key == companion.key ? 1 : 0;
+      }
+    }
+    return companion.groupSize != 0 && hosts == 1 && others == 1;
+  }
+
   [[nodiscard]] ReadLine readLine(std::size_t number) const noexcept {
     const TextView text = m_texts[number];
     // Most lines lie in the text of all cards, and more may be read there.
     const char16_t* const end = text.data() + text.size();
     const bool isInStore =
         !std::less<>()(text.data(), m_storeBegin) && !std::less<>()(m_storeEnd, end);
-    return {{text, isInStore ? m_storeEnd : end}, number < m_countBeforeVersion ? 0 : m_readAs};
+    return {{text, isInStore ? m_storeEnd : end},
+            number < m_countBeforeVersion ? 0 : m_readAs,
+            m_stated};
   }
 
   /// Rewrites a line into the room that all share, if there is enough of it.
@@ -209,7 +251,7 @@ class UnchangedCard {
   bool writeProperty(std::size_t number) {
     const StoredParts::Properties& properties = StoredParts::of(m_card);
     const VCardProperty& property = propertyOf(number, properties);
-    if (isEmptyPhoto(property)) {
+    if (!isWrittenSafely() && isEmptyPhoto(property)) {
       return false;
     }
     m_output.append(property, m_version, m_formatter);
@@ -246,6 +288,7 @@ class UnchangedCard {
   std::size_t m_countBeforeVersion;
   VersionCode m_readAs;
   VersionCode m_version;
+  VersionCode m_stated; ///< 0 but where it is written safely
   DateFormatter* m_formatter;
   HeaderMemory& m_memory;
   std::size_t m_companionCount = 0;
@@ -261,17 +304,46 @@ class UnchangedCard {
 
 } // namespace
 
+namespace {
+
+bool isPlainEnough(const detail::CardLines& lines, VersionCode version) noexcept {
+  return lines.version != 0 && lines.count <= kMostLines && version >= 2 && version <= 4;
+}
+
+} // namespace
+
 bool appendUnchanged(CardOutput& output, const VCard& card, const detail::CardLines& lines,
                      VersionCode version, DateFormatter* formatter) {
-  if (lines.version == 0 || lines.count > kMostLines || version < 2 || version > 4) {
+  if (!isPlainEnough(lines, version)) {
     return false;
   }
-  UnchangedCard unchanged(output, card, lines, version, formatter);
+  UnchangedCard unchanged(output, card, lines, version, formatter, 0);
   if (!unchanged.rewrite()) {
     return false;
   }
   unchanged.write();
   return true;
+}
+
+bool appendUnchangedSafely(CardOutput& output, const VCard& card, const detail::CardLines& lines,
+                           VersionCode version, DateFormatter* formatter, VersionCode stated) {
+  if (!isPlainEnough(lines, version)) {
+    return false;
+  }
+  UnchangedCard unchanged(output, card, lines, version, formatter, stated);
+  if (!unchanged.rewrite() || !unchanged.hasPlainCompanions()) {
+    return false;
+  }
+  unchanged.write();
+  return true;
+}
+
+VersionCode plainlyStatedVersion(const detail::CardLines& lines) noexcept {
+  if (lines.version == 0) {
+    return 0;
+  }
+  const TextView line = lines.store->lines[lines.first + lines.countBeforeVersion - 1];
+  return line == u"VERSION:3.0" ? 3 : line == u"VERSION:4.0" ? 4 : line == u"VERSION:2.1" ? 2 : 0;
 }
 
 } // namespace cardwright

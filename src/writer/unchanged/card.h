@@ -14,4 +14,15 @@ namespace cardwright {
                                    const detail::CardLines& lines, VersionCode version,
                                    DateFormatter* formatter);
 
+/// The same as writeCards writes it: what is not ordinary goes to the output as a property.
+/// @param stated what the card states, as of plainlyStatedVersion
+/// @returns false also for a card whose labels and address formats are not plainly those of one
+///          property each
+[[nodiscard]] bool appendUnchangedSafely(CardOutput& output, const VCard& card,
+                                         const detail::CardLines& lines, VersionCode version,
+                                         DateFormatter* formatter, VersionCode stated);
+
+/// The version that a card states in a line of nothing else; 0 for none.
+[[nodiscard]] VersionCode plainlyStatedVersion(const detail::CardLines& lines) noexcept;
+
 } // namespace cardwright

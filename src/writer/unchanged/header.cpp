@@ -83,7 +83,7 @@ std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line, const Line
   const TextView key = name.key(line);
   output.append(line.substr(0, name.begin)); // the group and its dot
   output.append(key);
-  LineHeader header{name, name.end, {}};
+  LineHeader header{.name = name, .end = name.end, .form = {}};
   StatedForm stated;
   if (line[header.end] == u';' &&
       !rewriteParameters(output, line, key, version, header.end, stated)) {
@@ -91,6 +91,9 @@ std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line, const Line
   }
   output.push_back(u':');
   header.form = formOf(key, name.meaning, readAs, stated);
+  header.isOrdinary = stated.isOrdinary && key != u"BEGIN" && key != u"END";
+  header.isOfAllVersions =
+      name.meaning == nullptr || name.meaning->typeBelow4 == name.meaning->type;
   return header;
 }
 

@@ -39,6 +39,8 @@ struct LineHeader {
   LineName name;
   std::size_t end = 0; ///< where the colon stands
   ValueForm form;
+  bool isOrdinary = false;     ///< whether writing safely changes nothing in it
+  bool isOfAllVersions = true; ///< whether its values are of the same type in all versions
 };
 
 /// Appends the header of a line that was read, and its colon, as they are written.

@@ -71,7 +71,8 @@ const HeaderMemory::Found* HeaderMemory::rewriteAfresh(Bytes& output, TextView l
   if (!header) {
     output.resize(begin);
   }
-  m_fresh = {header.value_or(LineHeader{*name, name->end, {}}), header.has_value()};
+  m_fresh = {header.value_or(LineHeader{.name = *name, .end = name->end, .form = {}}),
+             header.has_value()};
   return &m_fresh;
 }
 

@@ -12,6 +12,11 @@ bool mayLackText(TextView value, const ValueForm& form) noexcept {
                                             form.valueClass != ValueClass::uri));
 }
 
+/// Whether writeCards may write the header as generate does.
+bool isOrdinary(const LineHeader& header, const ReadLine& line) noexcept {
+  return header.isOrdinary && (header.isOfAllVersions || (line.readAs < 4) == (line.stated < 4));
+}
+
 } // namespace
 
 RewrittenLine rewriteLine(Bytes& output, const ReadLine& line, VersionCode version,
@@ -27,9 +32,11 @@ RewrittenLine rewriteLine(Bytes& output, const ReadLine& line, VersionCode versi
   while (!value.text.empty() && isWhitespace(value.text.front())) {
     value.text.remove_prefix(1);
   }
-  const Rewriting rewriting = mayLackText(value.text, form)
-                                  ? Rewriting::needsProperty
-                                  : rewriteValue(output, value, form, version);
+  const bool needsProperty =
+      mayLackText(value.text, form) || (line.isWrittenSafely() && !isOrdinary(found->header, line));
+  const Rewriting rewriting =
+      needsProperty ? Rewriting::needsProperty
+                    : rewriteValue(output, value, form, version, line.isWrittenSafely());
   if (rewriting != Rewriting::done) {
     output.resize(begin);
   }

@@ -14,6 +14,11 @@ namespace cardwright {
 struct ReadLine {
   ReadableText units;
   VersionCode readAs; ///< version code that it was read in
+  /// 0, or the version that its card states, where only what is ordinary is to be rewritten: what
+  /// writeCards writes as generate does.
+  VersionCode stated = 0;
+
+  [[nodiscard]] bool isWrittenSafely() const noexcept { return stated != 0; }
 };
 
 /// How many bytes a header is rewritten in: each item of a parameter may repeat the longest name.

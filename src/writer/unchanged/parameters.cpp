@@ -114,6 +114,7 @@ class ParameterWriting {
     item.parameter.order = known != nullptr ? known->value.parameterOrder : orderOfOther(beginning);
     if (isBare) {
       item.value = word;
+      lookAt(item);
       if (!items.add(item)) {
         return false;
       }
@@ -135,6 +136,7 @@ class ParameterWriting {
     item.needsQuotes = false;
     const bool isQuoted = m_at < m_line.size() && m_line[m_at] == u'"';
     m_at += isQuoted ? 1 : 0;
+    m_stated.isOrdinary = m_stated.isOrdinary && !isQuoted;
     std::size_t end = m_at;
     if (isQuoted) {
       for (; end < m_line.size() && m_line[end] != u'"'; ++end) {
@@ -153,7 +155,20 @@ class ParameterWriting {
     if (item.value.empty() || m_at >= m_line.size()) {
       return false;
     }
+    lookAt(item);
     return takeForm(item);
+  }
+
+  /// Notes what keeps a line from being ordinary.
+  void lookAt(const Item& item) {
+    const TextView name = item.parameter.name;
+    const bool isOdd =
+        name == cVCardParameter_CHARSET || name == cVCardParameter_VALUE ||
+        (name == cVCardParameter_ENCODING &&
+         equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_QUOTED_PRINTABLE)) ||
+        (name == cVCardParameter_TYPE && m_version == 2 &&
+         equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_BASE64));
+    m_stated.isOrdinary = m_stated.isOrdinary && !isOdd;
   }
 
   /// Looks at what the parameter says of the value. The first of several counts.

@@ -15,6 +15,7 @@ inline constexpr std::size_t kMostItems = 12;
 struct StatedForm {
   std::optional<TextView> type;   ///< the first value of VALUE, if there is any
   bool isQuotedPrintable = false; ///< in UTF-8
+  bool isOrdinary = true;         ///< whether each value is a word, and none changes how it is read
 };
 
 /// Appends the parameters of a line that was read as they are written.

@@ -56,20 +56,25 @@ char16_t lastUnit(std::string_view utf8) noexcept {
 class ValueWriting {
  public:
   /// @param begin of the value, which ends where the output does
-  ValueWriting(Bytes& output, std::size_t begin, const ValueForm& form,
-               VersionCode version) noexcept
+  ValueWriting(Bytes& output, std::size_t begin, const ValueForm& form, VersionCode version,
+               bool isSafe) noexcept
       : m_output(output),
         m_begin(begin),
         m_size(output.size() - begin),
         m_source(output.end() - m_size),
         m_form(form),
-        m_version(version) {}
+        m_version(version),
+        m_isSafe(isSafe) {}
 
   Rewriting write() {
     switch (m_form.valueClass) {
+    case ValueClass::extension:
+      if (m_isSafe) {
+        return Rewriting::needsProperty;
+      }
+      [[fallthrough]];
     case ValueClass::text:
     case ValueClass::uri:
-    case ValueClass::extension:
       return m_form.isList ? writeList() : writeText();
     case ValueClass::name:
       return writeSlots(5);
@@ -120,7 +125,8 @@ class ValueWriting {
         if (at < next) {
           continue; // It belongs to an escape.
         }
-        const Step step = m_source[at] == '\t' ? Step::stays(1) : stepAt(at);
+        const bool isTab = m_source[at] == '\t' && !m_isSafe;
+        const Step step = isTab ? Step::stays(1) : stepAt(at);
         if (step.length == 0) {
           return Rewriting::needsProperty;
         }
@@ -171,7 +177,11 @@ class ValueWriting {
   }
 
   Rewriting writeText() {
-    return writeSteps([this](std::size_t at) -> Step {
+    const bool hasNoSigns = m_isSafe && m_form.valueClass == ValueClass::uri;
+    return writeSteps([this, hasNoSigns](std::size_t at) -> Step {
+      if (hasNoSigns) {
+        return Step::unknown();
+      }
       switch (m_source[at]) {
       case '\\':
         return escaped(at, m_version == 3);
@@ -185,19 +195,45 @@ class ValueWriting {
     });
   }
 
+  /// Whether a line break is escaped at `at` that begins or ends a piece, or seems to: readers trim
+  /// it.
+  [[nodiscard]] bool isTrimmedBreak(std::size_t at, std::size_t pieceBegin) const noexcept {
+    const auto byteAt = [this](std::size_t place) {
+      return place < m_size ? m_source[place] : ';';
+    };
+    const char letter = byteAt(at + 1);
+    const char next = byteAt(at + 2);
+    return (letter == 'n' || letter == 'N') && (at == pieceBegin || next == ';' || next == ',');
+  }
+
+  /// Whether a piece has blanks around it, which readers trim.
+  [[nodiscard]] static bool hasBlanksAround(std::string_view text) noexcept {
+    return !text.empty() &&
+           (isWhitespaceOrNewline(firstUnit(text)) || isWhitespaceOrNewline(lastUnit(text)));
+  }
+
   Rewriting writeParts() {
-    return writeSteps([this](std::size_t at) -> Step {
+    std::size_t pieceBegin = 0;
+    const auto isPiece = [&](std::size_t end) {
+      return !m_isSafe || !hasBlanksAround(piece(pieceBegin, end));
+    };
+    const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
       switch (m_source[at]) {
       case '\\':
-        return escaped(at, true);
+        return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown() : escaped(at, true);
       case ',':
         return {1, "\\,"};
       case ';':
+        if (!isPiece(at)) {
+          return Step::unknown();
+        }
+        pieceBegin = at + 1;
         return Step::stays(1);
       default:
         return Step::unknown();
       }
     });
+    return rewriting == Rewriting::done && !isPiece(m_size) ? Rewriting::needsProperty : rewriting;
   }
 
   Rewriting writeSlots(std::size_t count) {
@@ -205,16 +241,13 @@ class ValueWriting {
     std::size_t pieceBegin = 0;
     // Blanks around a piece are not read, and an empty piece stands only in an empty slot.
     const auto isPiece = [&](std::size_t end, bool mayBeEmpty) {
-      const std::string_view text = piece(pieceBegin, end);
-      return text.empty() ? mayBeEmpty
-                          : !isWhitespaceOrNewline(firstUnit(text)) &&
-                                !isWhitespaceOrNewline(lastUnit(text));
+      return pieceBegin == end ? mayBeEmpty : !hasBlanksAround(piece(pieceBegin, end));
     };
     bool isList = false;
     const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
       const char byte = m_source[at];
       if (byte == '\\') {
-        return escaped(at, true);
+        return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown() : escaped(at, true);
       }
       const bool endsSlot = byte == ';';
       if ((byte != ',' && !endsSlot) || !isPiece(at, endsSlot && !isList)) {
@@ -240,12 +273,15 @@ class ValueWriting {
     std::size_t pieceBegin = 0;
     const auto isPiece = [&](std::size_t end) {
       const std::string_view text = piece(pieceBegin, end);
-      return text.empty() || (!isWhitespace(firstUnit(text)) && !isWhitespace(lastUnit(text)));
+      return text.empty() ||
+             (m_isSafe ? !hasBlanksAround(text)
+                       : !isWhitespace(firstUnit(text)) && !isWhitespace(lastUnit(text)));
     };
     const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
       switch (m_source[at]) {
       case '\\':
-        return escaped(at, m_version == 3);
+        return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown()
+                                                          : escaped(at, m_version == 3);
       case ';':
         return {1, semicolon()};
       case ',':
@@ -269,6 +305,7 @@ class ValueWriting {
   bool m_isMoved = false;
   const ValueForm& m_form;
   VersionCode m_version;
+  bool m_isSafe; ///< whether only what is ordinary is written
 };
 
 /// Writes dates, offsets and positions, which are of ASCII.
@@ -386,7 +423,7 @@ bool isNumber(ValueClass valueClass) noexcept {
 } // namespace
 
 Rewriting rewriteValue(Bytes& output, const ReadableText& value, const ValueForm& form,
-                       VersionCode version) {
+                       VersionCode version, bool isSafe) {
   if (isNumber(form.valueClass)) {
     const bool isWritten = !form.isList && !form.isQuotedPrintable &&
                            NumberWriting(output, value.text, form, version).write();
@@ -395,7 +432,8 @@ Rewriting rewriteValue(Bytes& output, const ReadableText& value, const ValueForm
   const std::size_t begin = output.size();
   const bool isEncoded = form.isQuotedPrintable ? appendWithoutQuotedPrintable(output, value.text)
                                                 : encodeSound(output, value);
-  return isEncoded ? ValueWriting(output, begin, form, version).write() : Rewriting::needsProperty;
+  return isEncoded ? ValueWriting(output, begin, form, version, isSafe).write()
+                   : Rewriting::needsProperty;
 }
 
 } // namespace cardwright

@@ -34,7 +34,9 @@ struct ValueForm {
 /// Appends a value that was read as it is written.
 /// @param value  begins behind blanks
 /// @param output has room for roomToBegin
+/// @param isSafe whether only what is ordinary is to be written: what every version reads again
 [[nodiscard]] Rewriting rewriteValue(Bytes& output, const ReadableText& value,
-                                     const ValueForm& form, VersionCode version);
+                                     const ValueForm& form, VersionCode version,
+                                     bool isSafe = false);
 
 } // namespace cardwright
