@@ -8,7 +8,9 @@
 #include "writer/unchanged/quoted_printable.h"
 #include "writer/unchanged/signs.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
