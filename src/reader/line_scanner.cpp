@@ -158,8 +158,10 @@ bool LineScanner::next(LogicalLine& result) {
     skipLineTerminators();
     if (m_location < m_text.size() && isSpaceOrTab(m_text[m_location])) {
       ++m_location;
-      if (const auto start = addressBookServerPropertyAhead(m_text, m_location);
-          start && isAddressBookServerLine(segment)) {
+      // A line without a colon is none of an address-book server, so whatever is ahead.
+      const auto start = marks.hasColon ? addressBookServerPropertyAhead(m_text, m_location)
+                                        : std::optional<std::size_t>();
+      if (start && isAddressBookServerLine(segment)) {
         // Wrongly indented: a property of its own.
         m_location = *start;
         break;

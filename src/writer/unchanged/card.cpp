@@ -273,7 +273,7 @@ class UnchangedCard {
       const std::size_t number = m_companions[i];
       const CardLine& companion = m_lines[number];
       if (companion.key == key && companion.groupSize != 0 &&
-          equalAsciiIgnoringCase(m_texts[number].substr(0, companion.groupSize), group)) {
+          equalAsciiIgnoringCase(groupOf(number), group)) {
         write(number);
       }
     }
@@ -301,10 +301,6 @@ class UnchangedCard {
   std::array<std::uint8_t, kMostLines> m_companions; // NOLINT: numbers of the labels and formats
   std::array<char, 32'768> m_bytes;                  // NOLINT: filled by rewriteLine
 };
-
-} // namespace
-
-namespace {
 
 bool isPlainEnough(const detail::CardLines& lines, VersionCode version) noexcept {
   return lines.version != 0 && lines.count <= kMostLines && version >= 2 && version <= 4;
