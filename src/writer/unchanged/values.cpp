@@ -214,28 +214,42 @@ class ValueWriting {
            (isWhitespaceOrNewline(firstUnit(text)) || isWhitespaceOrNewline(lastUnit(text)));
   }
 
-  Rewriting writeParts() {
+  /// The escape at `at` in the piece that begins at `pieceBegin`.
+  [[nodiscard]] Step escapedInPiece(std::size_t at, std::size_t pieceBegin,
+                                    bool escapesSemicolons) const noexcept {
+    return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown()
+                                                      : escaped(at, escapesSemicolons);
+  }
+
+  /// Writes pieces between separators.
+  /// @param other   what is written for the other one of "," and ";"
+  /// @param isPiece whether a piece is read as it stands
+  template <typename IsPiece>
+  Rewriting writePieces(char separator, std::string_view other, bool escapesSemicolons,
+                        IsPiece isPiece) {
     std::size_t pieceBegin = 0;
-    const auto isPiece = [&](std::size_t end) {
-      return !m_isSafe || !hasBlanksAround(piece(pieceBegin, end));
-    };
     const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
-      switch (m_source[at]) {
-      case '\\':
-        return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown() : escaped(at, true);
-      case ',':
-        return {1, "\\,"};
-      case ';':
-        if (!isPiece(at)) {
-          return Step::unknown();
-        }
-        pieceBegin = at + 1;
-        return Step::stays(1);
-      default:
+      const char byte = m_source[at];
+      if (byte == '\\') {
+        return escapedInPiece(at, pieceBegin, escapesSemicolons);
+      }
+      if (byte != separator && (byte == ',' || byte == ';')) {
+        return {1, other};
+      }
+      if (byte != separator || !isPiece(piece(pieceBegin, at))) {
         return Step::unknown();
       }
+      pieceBegin = at + 1;
+      return Step::stays(1);
     });
-    return rewriting == Rewriting::done && !isPiece(m_size) ? Rewriting::needsProperty : rewriting;
+    const bool isWhole = rewriting != Rewriting::done || isPiece(piece(pieceBegin, m_size));
+    return isWhole ? rewriting : Rewriting::needsProperty;
+  }
+
+  Rewriting writeParts() {
+    return writePieces(';', "\\,", true, [this](std::string_view text) {
+      return !m_isSafe || !hasBlanksAround(text);
+    });
   }
 
   Rewriting writeSlots(std::size_t count) {
@@ -249,7 +263,7 @@ class ValueWriting {
     const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
       const char byte = m_source[at];
       if (byte == '\\') {
-        return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown() : escaped(at, true);
+        return escapedInPiece(at, pieceBegin, true);
       }
       const bool endsSlot = byte == ';';
       if ((byte != ',' && !endsSlot) || !isPiece(at, endsSlot && !isList)) {
@@ -272,31 +286,11 @@ class ValueWriting {
 
   /// Pieces between commas without blanks around them, which are not read.
   Rewriting writeList() {
-    std::size_t pieceBegin = 0;
-    const auto isPiece = [&](std::size_t end) {
-      const std::string_view text = piece(pieceBegin, end);
+    return writePieces(',', semicolon(), m_version == 3, [this](std::string_view text) {
       return text.empty() ||
              (m_isSafe ? !hasBlanksAround(text)
                        : !isWhitespace(firstUnit(text)) && !isWhitespace(lastUnit(text)));
-    };
-    const Rewriting rewriting = writeSteps([&](std::size_t at) -> Step {
-      switch (m_source[at]) {
-      case '\\':
-        return m_isSafe && isTrimmedBreak(at, pieceBegin) ? Step::unknown()
-                                                          : escaped(at, m_version == 3);
-      case ';':
-        return {1, semicolon()};
-      case ',':
-        if (!isPiece(at)) {
-          return Step::unknown();
-        }
-        pieceBegin = at + 1;
-        return Step::stays(1);
-      default:
-        return Step::unknown();
-      }
     });
-    return rewriting == Rewriting::done && !isPiece(m_size) ? Rewriting::needsProperty : rewriting;
   }
 
   Bytes& m_output;
