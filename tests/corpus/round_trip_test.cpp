@@ -53,6 +53,18 @@ TEST_F(CorpusRoundTrip, keepsCards) {
   EXPECT_GT(tally.compared, tally.cards * 9 / 10);
 }
 
+TEST(RoundTrip, keepsWhatALaterVersionThanAnyStates) {
+  for (const TextView version : {u"5.0", u"9223372036854775808", u"18446744073709549568"}) {
+    const auto cards = readUncleaned(Text(u"BEGIN:VCARD\nPHOTO:x\nVERSION:x\nVERSION:")
+                                         .append(version)
+                                         .append(u"\nPHOTO:y\nEND:VCARD\n"));
+    ASSERT_EQ(cards.size(), 1U);
+    const RoundTrip trip = roundTrip(*cards.front());
+    EXPECT_TRUE(trip.isCompared);
+    EXPECT_EQ(trip.surprises, "");
+  }
+}
+
 TEST(RoundTrip, keepsAllOfAnAddressBook) {
   AddressBookOptions options;
   options.cards = 20'000;

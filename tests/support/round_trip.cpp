@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 namespace cardwright {
 
@@ -518,7 +519,8 @@ std::optional<VersionCode> codeRead(const CardModel& model, VersionCode version)
       return std::nullopt;
     }
     if (!code && stated != 0) {
-      code = static_cast<VersionCode>(stated);
+      code = static_cast<VersionCode>(
+          std::min<std::uint64_t>(stated, std::numeric_limits<VersionCode>::max()));
     }
   }
   return code;
