@@ -47,13 +47,16 @@ std::filesystem::path ownDirectory() {
 
 /// Becomes the server, a program of its own. Returns when that is not possible.
 void becomeServer(const ServeOptions& options, const Session& session) {
+  const std::filesystem::path directory = ownDirectory();
   const std::filesystem::path name = "cardwright-serve";
   std::string port = std::to_string(options.port);
   std::string quiet = options.isQuiet ? "quiet" : "";
-  const std::filesystem::path beside = ownDirectory() / name;
-  const std::filesystem::path installed = ownDirectory() / CARDWRIGHT_SERVER_DIRECTORY / name;
   int error = ENOENT;
-  for (const std::filesystem::path& path : {beside, installed}) {
+  for (const std::filesystem::path& place : {directory, directory / CARDWRIGHT_SERVER_DIRECTORY}) {
+    const std::filesystem::path path = place / name;
+    if (!path.is_absolute()) {
+      continue; // Never a program that lies where somebody happens to be.
+    }
     std::string program = path.string();
     std::array<char*, 4> arguments = {program.data(), port.data(), quiet.data(), nullptr};
     ::execv(program.c_str(), arguments.data());

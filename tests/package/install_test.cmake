@@ -42,6 +42,14 @@ if(SERVES)
   if(NOT errors MATCHES "standard output")
     message(FATAL_ERROR "the installed tool does not serve: ${errors}")
   endif()
+  # Without its server, the tool says so, and takes none from where it is called.
+  file(COPY ${INSTALLED}/bin/cardwright DESTINATION ${WORK}/alone)
+  file(COPY ${INSTALLED}/libexec/cardwright/cardwright-serve DESTINATION ${WORK}/elsewhere)
+  execute_process(COMMAND ${WORK}/alone/cardwright serve WORKING_DIRECTORY ${WORK}/elsewhere
+                  ERROR_VARIABLE errors OUTPUT_VARIABLE shown RESULT_VARIABLE status TIMEOUT 20)
+  if(NOT errors MATCHES "cardwright-serve: No such file" OR shown OR NOT status STREQUAL "1")
+    message(FATAL_ERROR "without its server, the tool ends with ${status}: ${errors}${shown}")
+  endif()
 endif()
 
 foreach(file IN LISTS installed)
