@@ -2,8 +2,10 @@
 
 #include "base/ascii.h"
 #include "base/ascii_lanes.h"
+#include "base/processor.h"
 #include "base/readable_text.h"
 #include "base/utf8_lanes.h"
+#include "base/utf8_wide_lanes.h"
 
 #include <cstddef>
 
@@ -11,7 +13,7 @@ namespace cardwright {
 
 /// How many bytes encodeUtf8 may write, those behind the last one that counts included.
 [[nodiscard]] constexpr std::size_t roomForUtf8(std::size_t units) noexcept {
-  constexpr std::size_t kWrittenAtOnce = 32;
+  constexpr std::size_t kWrittenAtOnce = 64;
   return 3 * units + kWrittenAtOnce; // No unit takes more than three bytes.
 }
 
@@ -27,7 +29,8 @@ namespace cardwright {
 template <typename Allows>
 [[nodiscard]] char* encodeUtf8(ReadableText text, char* output, Allows allows) {
   while (!text.text.empty()) {
-    const EncodedRun run = encodeByLanes(text, output);
+    const EncodedRun run =
+        usesWideLanes ? encodeByWideLanes(text.text, output) : encodeByLanes(text, output);
     output += run.bytes;
     text.text.remove_prefix(run.units);
     if (text.text.empty()) {

@@ -3,6 +3,7 @@
 #include "cardwright/utf8.h"
 #include "support/bytes.h"
 #include "support/combinations.h"
+#include "support/each_lanes.h"
 #include "support/seed.h"
 #include "support/text_printer.h"
 
@@ -85,16 +86,18 @@ TEST(TextFromUtf8, agreesWithIcuOnEverySequenceOfThreeBytes) {
 }
 
 TEST(TextFromUtf8, readsEveryCodePointBack) {
-  for (UChar32 c = 0; c <= 0x10FFFF; ++c) {
-    if (U_IS_SURROGATE(c)) {
-      continue;
+  withEachLanes([] {
+    for (UChar32 c = 0; c <= 0x10FFFF; ++c) {
+      if (U_IS_SURROGATE(c)) {
+        continue;
+      }
+      Text text;
+      appendCodePoint(text, c);
+      const std::string utf8 = encodedByIcu(text);
+      ASSERT_EQ(utf8FromText(text), utf8) << c;
+      ASSERT_EQ(textFromUtf8(utf8), text) << c;
     }
-    Text text;
-    appendCodePoint(text, c);
-    const std::string utf8 = encodedByIcu(text);
-    ASSERT_EQ(utf8FromText(text), utf8) << c;
-    ASSERT_EQ(textFromUtf8(utf8), text) << c;
-  }
+  });
 }
 
 TEST(TextFromUtf8, agreesWithIcuOnRandomMixturesOfAsciiAndTheRest) {
@@ -173,40 +176,46 @@ TEST(DecodeSoundRun, seesEveryWrongByteWhereverItStands) {
 }
 
 TEST(Utf8FromText, agreesWithIcuWhereverALongerCharacterStands) {
-  constexpr char16_t kLonger[] = {0x0800, 0x20AC, 0xD83D, 0xDE00, 0xFFFF};
-  for (std::size_t size = 0; size < 40; ++size) {
-    for (std::size_t at = 0; at <= size; ++at) {
-      for (const TextView filling : {u"a", u"é", u"aé", u"ééa", u"aaaaaaaaaß"}) {
-        Text text;
-        while (text.size() < size) {
-          text.append(filling);
+  withEachLanes([] {
+    constexpr char16_t kLonger[] = {0x0800, 0x20AC, 0xD83D, 0xDE00, 0xFFFF};
+    for (std::size_t size = 0; size < 40; ++size) {
+      for (std::size_t at = 0; at <= size; ++at) {
+        for (const TextView filling : {u"a", u"é", u"aé", u"ééa", u"aaaaaaaaaß"}) {
+          Text text;
+          while (text.size() < size) {
+            text.append(filling);
+          }
+          text.insert(at, 1, kLonger[at % std::size(kLonger)]);
+          ASSERT_EQ(utf8FromText(text), encodedByIcu(text)) << size << ' ' << at;
         }
-        text.insert(at, 1, kLonger[at % std::size(kLonger)]);
-        ASSERT_EQ(utf8FromText(text), encodedByIcu(text)) << size << ' ' << at;
       }
     }
-  }
+  });
 }
 
 TEST(Utf8FromText, agreesWithIcuAndReplacesLoneSurrogates) {
-  std::mt19937_64 random(testSeed());
-  const Text alphabet = Text(u"aaaaaaaaaaaaé€\uD7FF\uE000\uFFFD") + char16_t{0xD83D} +
-                        char16_t{0xDE00} + char16_t{0xDBFF} + char16_t{0xDFFF};
-  for (int round = 0; round < 5000; ++round) {
-    const Text text = Text(random() % 40, u'x') + randomString(alphabet, random() % 200, random);
-    ASSERT_EQ(utf8FromText(text), encodedByIcu(text));
-  }
-  EXPECT_EQ(utf8FromText(Text(1, char16_t{0xD800})), "\xEF\xBF\xBD");
+  withEachLanes([] {
+    std::mt19937_64 random(testSeed());
+    const Text alphabet = Text(u"aaaaaaaaaaaaé€\uD7FF\uE000\uFFFD") + char16_t{0xD83D} +
+                          char16_t{0xDE00} + char16_t{0xDBFF} + char16_t{0xDFFF};
+    for (int round = 0; round < 5000; ++round) {
+      const Text text = Text(random() % 40, u'x') + randomString(alphabet, random() % 200, random);
+      ASSERT_EQ(utf8FromText(text), encodedByIcu(text));
+    }
+    EXPECT_EQ(utf8FromText(Text(1, char16_t{0xD800})), "\xEF\xBF\xBD");
+  });
 }
 
 TEST(AppendUtf8, appendsAcrossTheEndsOfItsBlocks) {
-  for (std::size_t length = 4070; length < 4110; ++length) {
-    const Text text = Text(length, u'a') + u"é€\U0001F600" + Text(length, u'b');
-    std::string utf8 = "before";
-    appendUtf8(utf8, text);
-    ASSERT_EQ(utf8, "before" + encodedByIcu(text));
-    ASSERT_EQ(textFromUtf8(encodedByIcu(text)), text);
-  }
+  withEachLanes([] {
+    for (std::size_t length = 4070; length < 4110; ++length) {
+      const Text text = Text(length, u'a') + u"é€\U0001F600" + Text(length, u'b');
+      std::string utf8 = "before";
+      appendUtf8(utf8, text);
+      ASSERT_EQ(utf8, "before" + encodedByIcu(text));
+      ASSERT_EQ(textFromUtf8(encodedByIcu(text)), text);
+    }
+  });
 }
 
 /// What widenAscii does, without its blocks.

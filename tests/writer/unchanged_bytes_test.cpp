@@ -1,6 +1,7 @@
 #include "base/ascii.h"
 #include "base/utf8_encoder.h"
 #include "cardwright/utf8.h"
+#include "support/each_lanes.h"
 #include "support/random_source.h"
 #include "support/seed.h"
 #include "support/text_printer.h"
@@ -21,17 +22,19 @@ namespace cardwright {
 namespace {
 
 TEST(Signs, areFoundAsThePlainFormFindsThem) {
-  for (unsigned byte = 0; byte <= 0xFF; ++byte) {
-    for (std::size_t size = 0; size <= kSignWindow; ++size) {
-      // Whatever stands behind does not count.
-      std::string bytes(size, 'a');
-      if (size > 0) {
-        bytes[byte % size] = static_cast<char>(byte);
+  withEachLanes([] {
+    for (unsigned byte = 0; byte <= 0xFF; ++byte) {
+      for (std::size_t size = 0; size <= kSignWindow; ++size) {
+        // Whatever stands behind does not count.
+        std::string bytes(size, 'a');
+        if (size > 0) {
+          bytes[byte % size] = static_cast<char>(byte);
+        }
+        const std::string memory = bytes + std::string(kSignsReadBeyond, ',');
+        ASSERT_EQ(signsIn(memory.data(), size), signsInPlainly(bytes)) << byte << ' ' << size;
       }
-      const std::string memory = bytes + std::string(kSignsReadBeyond, ',');
-      ASSERT_EQ(signsIn(memory.data(), size), signsInPlainly(bytes)) << byte << ' ' << size;
     }
-  }
+  });
 }
 
 TEST(Signs, arePlainlyThoseThatAreEscapedAndControls) {
@@ -76,48 +79,54 @@ void expectEncoded(TextView text) {
 }
 
 TEST(SoundEncoding, looksAtEveryUnitWhereverItStands) {
-  for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
-    Text text(21, unit % 2 == 0 ? u'a' : u'\u0416');
-    text[unit % text.size()] = static_cast<char16_t>(unit);
-    const std::optional<std::string> bytes = encoded(text, unit % 32, u'a');
-    ASSERT_EQ(bytes.has_value(), isPlainlySound(text)) << unit;
-    if (bytes) {
-      ASSERT_EQ(*bytes, utf8FromText(text)) << unit;
+  withEachLanes([] {
+    for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+      Text text(21, unit % 2 == 0 ? u'a' : u'\u0416');
+      text[unit % text.size()] = static_cast<char16_t>(unit);
+      const std::optional<std::string> bytes = encoded(text, unit % 32, u'a');
+      ASSERT_EQ(bytes.has_value(), isPlainlySound(text)) << unit;
+      if (bytes) {
+        ASSERT_EQ(*bytes, utf8FromText(text)) << unit;
+      }
     }
-  }
+  });
 }
 
 TEST(SoundEncoding, takesTextsOfAnyLength) {
-  for (std::size_t size = 0; size < 90; ++size) {
-    for (const TextView filling : {u"a", u"\u00E9", u"\u4E2D", u"aaa\u00E9", u"\u0416\u4E2D"}) {
-      Text text;
-      while (text.size() < size) {
-        text += filling;
+  withEachLanes([] {
+    for (std::size_t size = 0; size < 90; ++size) {
+      for (const TextView filling : {u"a", u"\u00E9", u"\u4E2D", u"aaa\u00E9", u"\u0416\u4E2D"}) {
+        Text text;
+        while (text.size() < size) {
+          text += filling;
+        }
+        expectEncoded(text.substr(0, size));
       }
-      expectEncoded(text.substr(0, size));
     }
-  }
+  });
 }
 
 TEST(SoundEncoding, takesMixtures) {
-  constexpr std::array<TextView, 16> kPieces = {
-      u"a",         u"b c",          u"0123456789ABCDEFGHIJ",
-      u"\u00E9",    u"\u0416\u0436", u"\u4E2D",
-      u"\uE000",    u"\uFFFC",       u"\uFF0C",
-      u"\u0800",    u"\U0001F600",   u"\U0010FFFE",
-      u"\n",        u"\t",           u"\uD7FE",
-      u"\U00020000"};
-  constexpr std::array<TextView, 6> kUnsound = {u"\xD800", u"\xDC00", u"\uD7FF",
-                                                u"\uFFFD", u"\uFFFF", u"\U0010FFFF"};
-  RandomSource random(testSeed());
-  for (int round = 0; round < 10'000; ++round) {
-    Text text;
-    for (std::size_t pieces = random.below(30); pieces > 0; --pieces) {
-      text += random.oneIn(200) ? random.oneOf(kUnsound) : random.oneOf(kPieces);
+  withEachLanes([] {
+    constexpr std::array<TextView, 16> kPieces = {
+        u"a",         u"b c",          u"0123456789ABCDEFGHIJ",
+        u"\u00E9",    u"\u0416\u0436", u"\u4E2D",
+        u"\uE000",    u"\uFFFC",       u"\uFF0C",
+        u"\u0800",    u"\U0001F600",   u"\U0010FFFE",
+        u"\n",        u"\t",           u"\uD7FE",
+        u"\U00020000"};
+    constexpr std::array<TextView, 6> kUnsound = {u"\xD800", u"\xDC00", u"\uD7FF",
+                                                  u"\uFFFD", u"\uFFFF", u"\U0010FFFF"};
+    RandomSource random(testSeed());
+    for (int round = 0; round < 10'000; ++round) {
+      Text text;
+      for (std::size_t pieces = random.below(30); pieces > 0; --pieces) {
+        text += random.oneIn(200) ? random.oneOf(kUnsound) : random.oneOf(kPieces);
+      }
+      expectEncoded(text);
+      ASSERT_FALSE(HasFatalFailure());
     }
-    expectEncoded(text);
-    ASSERT_FALSE(HasFatalFailure());
-  }
+  });
 }
 
 } // namespace

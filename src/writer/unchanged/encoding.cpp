@@ -1,5 +1,6 @@
 #include "writer/unchanged/encoding.h"
 
+#include "base/processor.h"
 #include "base/utf8_encoder.h"
 #include "values/valid_xml.h"
 
@@ -60,7 +61,7 @@ std::size_t encodeAscii(const ReadableText& /*readable*/, char* /*output*/) noex
 } // namespace
 
 bool encodeSound(Bytes& output, const ReadableText& text) noexcept {
-  const std::size_t ascii = encodeAscii(text, output.end());
+  const std::size_t ascii = usesWideLanes ? 0 : encodeAscii(text, output.end());
   char* end = output.end() + ascii;
   if (ascii < text.text.size()) {
     end = encodeUtf8(text.substr(ascii), end,

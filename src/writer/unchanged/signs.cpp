@@ -1,17 +1,35 @@
 #include "writer/unchanged/signs.h"
 
+#include "base/processor.h"
+#include "base/wide_lanes.h"
+
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
 
 namespace cardwright {
 
+#ifdef CARDWRIGHT_WIDE
+
+namespace {
+
+static_assert(kSignWindow == 64);
+
+CARDWRIGHT_WIDE std::uint64_t signsInWide(const char* bytes, std::size_t count) noexcept {
+  const std::uint64_t all = lowBits(count);
+  const __m512i window = _mm512_maskz_loadu_epi8(all, bytes);
+  // The highest bit of a byte is beyond ASCII.
+  return _mm512_movepi8_mask(_mm512_andnot_si512(window, lookUp(kSigns, window))) & all;
+}
+
+} // namespace
+
+#endif
+
 std::uint64_t signsInPlainly(std::string_view bytes) noexcept {
   std::uint64_t signs = 0;
   for (std::size_t at = 0; at < bytes.size(); ++at) {
-    const auto byte = static_cast<unsigned char>(bytes[at]);
-    const bool isSign = byte < ' ' || byte == ',' || byte == ';' || byte == '\\' || byte == 0x7F;
-    signs |= std::uint64_t{isSign} << at;
+    signs |= std::uint64_t{isSign(static_cast<unsigned char>(bytes[at]))} << at;
   }
   return signs;
 }
@@ -19,6 +37,11 @@ std::uint64_t signsInPlainly(std::string_view bytes) noexcept {
 #if defined(__SSE2__)
 
 std::uint64_t signsIn(const char* bytes, std::size_t count) noexcept {
+#ifdef CARDWRIGHT_WIDE
+  if (usesWideLanes) {
+    return signsInWide(bytes, count);
+  }
+#endif
   constexpr std::size_t kBlock = 16;
   static_assert(kBlock <= kSignsReadBeyond);
   std::uint64_t signs = 0;
