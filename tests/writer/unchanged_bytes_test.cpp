@@ -7,6 +7,7 @@
 #include "support/text_printer.h"
 #include "values/valid_xml.h"
 #include "writer/unchanged/encoding.h"
+#include "writer/unchanged/quoted_printable.h"
 #include "writer/unchanged/signs.h"
 
 #include <gtest/gtest.h>
@@ -127,6 +128,117 @@ TEST(SoundEncoding, takesMixtures) {
       ASSERT_FALSE(HasFatalFailure());
     }
   });
+}
+
+/// What is appended for a value in quoted-printable; absent where only decoding can tell.
+std::optional<std::string> decoded(TextView value) {
+  const std::vector<char16_t> units(value.begin(), value.end()); // exactly so many
+  const std::size_t room = roomForUtf8(value.size());
+  const auto memory = std::make_unique<char[]>(room); // NOLINT: likewise
+  Bytes output(memory.get(), room);
+  const bool isPlain = appendWithoutQuotedPrintable(output, {units.data(), units.size()});
+  return isPlain ? std::optional(std::string(output.view())) : std::nullopt;
+}
+
+Text quotedPrintable(std::string_view bytes) {
+  Text text;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += {u'=', u"0123456789ABCDEF"[value >> 4U], u"0123456789ABCDEF"[value & 0xFU]};
+  }
+  return text;
+}
+
+/// Expects the same with wide lanes as without, where there are such.
+void expectDecodedAlike(TextView value) {
+  usesWideLanes = false;
+  const std::optional<std::string> expected = decoded(value);
+  usesWideLanes = true;
+  ASSERT_EQ(decoded(value), expected) << testing::PrintToString(Text(value));
+}
+
+class QuotedPrintableLanes : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!usesWideLanes) {
+      GTEST_SKIP() << "this processor has no wide lanes";
+    }
+  }
+};
+
+TEST_F(QuotedPrintableLanes, knowEveryCharacterWhereverItStands) {
+  for (char32_t codePoint = 0; codePoint <= 0x10FFFF; ++codePoint) {
+    std::array<char, 4> bytes{}; // Halves of pairs take three.
+    const char* const end = putCodePoint(bytes.data(), codePoint);
+    const Text code = quotedPrintable({bytes.data(), end});
+    expectDecodedAlike(Text(codePoint % 64, u'a') + code + u"=C3=A9 b");
+    ASSERT_FALSE(HasFatalFailure());
+  }
+}
+
+TEST_F(QuotedPrintableLanes, knowEveryPairOfBytes) {
+  for (unsigned first = 0; first <= 0xFF; ++first) {
+    for (unsigned second = 0; second <= 0xFF; ++second) {
+      const std::array<char, 2> bytes = {static_cast<char>(first), static_cast<char>(second)};
+      const Text code = quotedPrintable({bytes.data(), bytes.size()});
+      for (const std::size_t before : {0U, 53U, 56U, 59U}) {
+        expectDecodedAlike(Text(before, u'a') + code);
+        expectDecodedAlike(Text(before, u'a') + code + u"=80=80");
+        expectDecodedAlike(Text(before, u'a') + code + u"a");
+      }
+      ASSERT_FALSE(HasFatalFailure());
+    }
+  }
+}
+
+TEST_F(QuotedPrintableLanes, knowEveryUnitInAndBesideACode) {
+  for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+    for (const TextView around : {u"=C3=A9?b", u"=?9=A9", u"=C?=A9", u"=C3?A9", u"a?"}) {
+      Text value = Text(unit % 64, u'x') + Text(around);
+      std::replace(value.begin(), value.end(), u'?', static_cast<char16_t>(unit));
+      expectDecodedAlike(value);
+    }
+    ASSERT_FALSE(HasFatalFailure());
+  }
+}
+
+TEST_F(QuotedPrintableLanes, takeMixtures) {
+  constexpr std::array<TextView, 24> kPieces = {u"a",
+                                                u"b c",
+                                                u"0123456789ABCDEFGHIJ",
+                                                u"=C3=A9",
+                                                u"=D0=96=D0=B6",
+                                                u"=E4=B8=AD",
+                                                u"=EE=80=80",
+                                                u"=F0=9F=98=80",
+                                                u"=0D=0A",
+                                                u"=2C",
+                                                u"=3B",
+                                                u"=5C",
+                                                u"=E0=A0=80",
+                                                u"=E2=82",
+                                                u"=ED=95=98",
+                                                u",",
+                                                u";",
+                                                u"\t",
+                                                u"=EF=BC=8C",
+                                                u"=3D41",
+                                                u"=7F",
+                                                u"=41",
+                                                u"=20",
+                                                u"=D8=A7=D9=84"};
+  constexpr std::array<TextView, 10> kOdd = {u"=",         u"=4",  u"=c3=a9",    u"\u00E9",
+                                             u"=ED=9F=BF", u"\\n", u"=EF=BF=BD", u"=80",
+                                             u"=00",       u"==41"};
+  RandomSource random(testSeed());
+  for (int round = 0; round < 30'000; ++round) {
+    Text value;
+    for (std::size_t pieces = random.below(30); pieces > 0; --pieces) {
+      value += random.oneIn(200) ? random.oneOf(kOdd) : random.oneOf(kPieces);
+    }
+    expectDecodedAlike(value);
+    ASSERT_FALSE(HasFatalFailure());
+  }
 }
 
 } // namespace

@@ -1,8 +1,10 @@
 #include "writer/unchanged/quoted_printable.h"
 
 #include "base/ascii.h"
+#include "base/processor.h"
 #include "base/utf8_decoder.h"
 #include "values/valid_xml.h"
+#include "writer/unchanged/quoted_printable_lanes.h"
 
 #include <array>
 #include <cstdint>
@@ -87,6 +89,14 @@ std::size_t appendDecoded(Bytes& output, TextView value, std::size_t at) noexcep
 
 bool appendWithoutQuotedPrintable(Bytes& output, TextView value) noexcept {
   for (std::size_t at = 0; at < value.size();) {
+    if (usesWideLanes) {
+      const QuotedPrintableRun run = decodeByWideLanes(value.substr(at), output.end());
+      output.setEnd(output.end() + run.bytes);
+      at += run.units;
+      if (at == value.size()) {
+        break;
+      }
+    }
     const char16_t unit = value[at];
     if (unit == u'=') {
       const std::size_t length = appendDecoded(output, value, at);
