@@ -101,6 +101,9 @@ class CardAssembly {
       m_hasCard = true;
       return false;
     }
+    if (simple.kind() == SimpleLine::Kind::cardEnd && m_hasCard) {
+      return true;
+    }
     return take(line, simple.begin());
   }
 

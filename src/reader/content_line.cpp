@@ -117,6 +117,10 @@ bool isVersionName(TextView name) {
 
 ContentLineCheck checkContentLine(TextView line) {
   ContentLineCheck check;
+  if (line.starts_with(u"VERSION:")) {
+    check.isVersion = true; // As each card has one, written so.
+    return check;
+  }
   std::size_t location = 0;
   TextView name;
   check.reason = walkName(line, location, name);
