@@ -19,7 +19,7 @@ constexpr bool isPrefixLetter(char16_t unit) noexcept {
 }
 
 constexpr bool isOddInHeader(char16_t unit) noexcept {
-  return unit == u'"' || unit == u'\\' || unit == u'&' || unit == u'\0' || !isAscii(unit);
+  return unit == u'\\' || unit == u'&' || unit == u'\0' || !isAscii(unit);
 }
 
 constexpr char16_t kFirstUncertain = 0xD7FF;
@@ -55,6 +55,7 @@ void lookAtHeader(TextView text, std::size_t begin, std::size_t at, bool hasSemi
   };
   for (; at < text.size() && text[at] != u':' && !isLineTerminator(text[at]); ++at) {
     marks.hasDot = marks.hasDot || text[at] == u'.';
+    marks.hasQuotes = marks.hasQuotes || text[at] == u'"';
     marks.isOdd = marks.isOdd || isOddInHeader(text[at]);
     marks.hasGaps = marks.hasGaps || isSpaceOrTab(text[at]) || hasGapBefore(at);
     if (text[at] == u';' && !hasSemicolon) {
@@ -105,8 +106,7 @@ class Lanes {
   }
 
   [[nodiscard]] Bits oddInHeader() const noexcept {
-    const __m128i odd = _mm_or_si128(_mm_or_si128(isEqual('"'), isEqual('\\')),
-                                     _mm_or_si128(isEqual('&'), isEqual('\0')));
+    const __m128i odd = _mm_or_si128(isEqual('\\'), _mm_or_si128(isEqual('&'), isEqual('\0')));
     // The highest bit of a lane says by itself that the unit is not ASCII.
     return bits(_mm_or_si128(odd, m_units));
   }
@@ -317,6 +317,7 @@ HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
       hasSemicolon = true;
     }
     marks.hasDot = marks.hasDot || (lanes.equal('.') & inHeader) != 0;
+    marks.hasQuotes = marks.hasQuotes || (lanes.equal('"') & inHeader) != 0;
     marks.isOdd = marks.isOdd || (lanes.oddInHeader() & inHeader) != 0;
     const Bits equals = lanes.equal('=') & inHeader;
     const Bits signs = lanes.equal(';') | colons;

@@ -29,7 +29,8 @@ struct HeaderMarks {
   std::size_t nameEnd = 0; ///< the first ";", or the end
   bool hasColon = false;
   bool hasDot = false;
-  bool isOdd = false; ///< whether there is any of `"`, `\`, `&`, NUL and units beyond ASCII
+  bool hasQuotes = false;
+  bool isOdd = false; ///< whether there is any of `\`, `&`, NUL and units beyond ASCII
   /// Whether there are blanks, or a ";" or "=" with nothing between it and the next sign.
   bool hasGaps = false;
 

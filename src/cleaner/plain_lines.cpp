@@ -60,9 +60,28 @@ NameKind kindOfName(TextView name) {
   }
 }
 
+/// Whether quotes stand around values of parameters only, and nothing between them means anything
+/// elsewhere, commas aside.
+bool hasPlainQuotes(TextView header) noexcept {
+  for (std::size_t open = header.find(u'"'); open != TextView::npos;) {
+    const std::size_t close = header.find_first_of(u"\":;=", open + 1);
+    if (close == TextView::npos || header[close] != u'"' || close == open + 1) {
+      return false;
+    }
+    const char16_t before = open == 0 ? u'\0' : header[open - 1];
+    const char16_t behind = close + 1 == header.size() ? u';' : header[close + 1];
+    if ((before != u'=' && before != u',') || (behind != u';' && behind != u',')) {
+      return false;
+    }
+    open = header.find(u'"', close + 1);
+  }
+  return true;
+}
+
 /// The name in a header that is so plain that it stands where it seems to; else empty.
 TextView plainNameIn(TextView header, const HeaderMarks& marks, std::size_t begin) {
-  if (marks.isOdd || !marks.hasColon || header.empty() || isSpaceOrTab(header.front())) {
+  if (marks.isOdd || (marks.hasQuotes && !hasPlainQuotes(header)) || !marks.hasColon ||
+      header.empty() || isSpaceOrTab(header.front())) {
     return {};
   }
   return marks.hasDot ? propertyNameIn(header) : header.substr(0, marks.nameEnd - begin);
@@ -114,11 +133,11 @@ class Examination {
   bool run(PlainLook& look) {
     const HeaderMarks header = marksOfHeader(m_text, m_begin);
     m_header = m_text.substr(m_begin, header.end - m_begin);
-    const TextView name = plainNameIn(m_header, header, m_begin);
-    if (name.empty()) {
+    m_name = plainNameIn(m_header, header, m_begin);
+    if (m_name.empty()) {
       return false;
     }
-    m_kind = kindOfName(name);
+    m_kind = kindOfName(m_name);
     const ValueMarks marks = marksOfValue(m_text, header.end + 1);
     const TextView line = m_text.substr(m_begin, marks.end - m_begin);
     if (!standsAlone(line, m_header.size())) {
@@ -140,7 +159,7 @@ class Examination {
     if (!needsNothing || !isPlainKind(line, look.kind)) {
       return false;
     }
-    look.isSimple = !isFolded && !marks.hasAmpersand && !isAddressBookServerName(name);
+    look.isSimple = !isFolded && !marks.hasAmpersand && !isAddressBookServerName(m_name);
     look.isSoundProperty =
         look.kind == PlainLine::property && !header.hasGaps && !mayBeVersion(header);
     return true;
@@ -165,6 +184,9 @@ class Examination {
   /// Whether a line with several colons is to be cut.
   [[nodiscard]] bool isMerged(TextView line, const ValueMarks& marks) const {
     const TextView value = line.substr(m_header.size() + 1);
+    if (isUncutUri(m_name, value)) {
+      return false;
+    }
     if ((!marks.hasPrefixHyphen && !mayHoldStandardHeader(value)) || !holdsTwoHeaders(line)) {
       return false;
     }
@@ -214,6 +236,7 @@ class Examination {
   TextView m_text;
   std::size_t m_begin;
   TextView m_header;
+  TextView m_name;
   NameKind m_kind = NameKind::other;
 };
 

@@ -1,7 +1,9 @@
 #include "cleaner/segmentation.h"
 
+#include "base/ascii.h"
 #include "base/case.h"
 #include "base/name_table.h"
+#include "base/scan_lanes.h"
 #include "base/whitespace.h"
 #include "cardwright/vcard_cleaner.h"
 #include "cleaner/characters.h"
@@ -14,6 +16,7 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -207,6 +210,17 @@ std::vector<std::size_t> trusted(TextView line, const std::vector<std::size_t>& 
 }
 
 } // namespace
+
+bool isUncutUri(TextView name, TextView value) noexcept {
+  // None ends in an allowlisted name that is not a core name; those are told from a value by the
+  // letter or colon before them, but for the name of a formatted name.
+  constexpr std::array<TextView, 9> kSchemes = {
+      u"urn:uuid:", u"tel:", u"https:", u"http:", u"mailto:", u"xmpp:", u"sip:", u"geo:", u"data:"};
+  const auto scheme = std::find_if(kSchemes.begin(), kSchemes.end(),
+                                   [value](TextView each) { return value.starts_with(each); });
+  return scheme != kSchemes.end() && findEither(value, scheme->size(), ':', ':') == value.size() &&
+         !equalAsciiIgnoringCase(name, u"FN");
+}
 
 bool cutMergedProperties(TextView line, std::vector<TextView>& pieces) {
   pieces.clear();

@@ -6,6 +6,11 @@
 
 namespace cardwright {
 
+/// Whether a value is a URI of a common scheme, and every colon one of the scheme: one that
+/// cutMergedProperties surely leaves whole. False tells nothing.
+/// @param name of the property
+[[nodiscard]] bool isUncutUri(TextView name, TextView value) noexcept;
+
 /// Cuts a line that carries several properties whose line breaks were lost, only where a header
 /// cannot be part of the value before it.
 /// @param pieces receives views of the line

@@ -105,12 +105,16 @@ TEST(ScanLanes, markWhatAHeaderHolds) {
   EXPECT_EQ(marks.nameEnd, 3U);
   EXPECT_TRUE(marks.hasColon);
   EXPECT_TRUE(marks.hasDot);
+  EXPECT_FALSE(marks.hasQuotes);
   EXPECT_FALSE(marks.isOdd);
   const HeaderMarks last = marksOfHeader(text, 19);
   EXPECT_EQ(last.end, 20U);
   EXPECT_EQ(last.nameEnd, 20U);
   EXPECT_FALSE(last.hasColon);
-  for (const TextView odd : {u"A\"B:", u"A\\;B:", u"A&:", u"\u00C4:", u"\u8041:"}) {
+  const HeaderMarks quoted = marksOfHeader(Text(u"A;B=\"C\":") + Text(20, u' '), 0);
+  EXPECT_TRUE(quoted.hasQuotes);
+  EXPECT_FALSE(quoted.isOdd);
+  for (const TextView odd : {u"A\\;B:", u"A&:", u"\u00C4:", u"\u8041:"}) {
     EXPECT_TRUE(marksOfHeader(Text(odd) + Text(20, u' '), 0).isOdd);
   }
 }

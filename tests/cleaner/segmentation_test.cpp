@@ -1,7 +1,13 @@
 #include "cardwright/vcard_cleaner.h"
+#include "cleaner/segmentation.h"
+#include "support/random_source.h"
+#include "support/seed.h"
+#include "support/text_printer.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <optional>
 #include <vector>
 
 namespace cardwright {
@@ -138,6 +144,37 @@ TEST(Segmentation, countsNumbersToTheNamesOfExtensions) {
   expectRows({{u"TEL:1EMAIL:xX-A\u5341:y", {}},
               // A number that has an upper case of its own makes prose of it.
               {u"TEL:1EMAIL:xX-A\u2177:y", {u"TEL:1", u"EMAIL:xX-A\u2177:y"}}});
+}
+
+TEST(UncutUri, isLeftWhole) {
+  constexpr std::array<TextView, 14> kPieces = {u"a",   u"1",      u"-",           u";",     u",",
+                                                u"=",   u"N",      u"//",          u".",     u"X-",
+                                                u"TEL", u"item1.", u"base64,/9j/", u"\u0301"};
+  RandomSource random(testSeed());
+  for (const TextView scheme : {u"urn:uuid:", u"tel:", u"https:", u"http:", u"mailto:", u"xmpp:",
+                                u"sip:", u"geo:", u"data:"}) {
+    for (const TextView header : {u"UID", u"FN", u"fn", u"item1.FN", u"TEL", u"N", u"URL", u"X-OWN",
+                                  u"item1.IMPP", u"TEL;TYPE=\"a,b\"", u"GEO", u"NOTE", u"D"}) {
+      for (int round = 0; round < 200; ++round) {
+        Text value(scheme);
+        for (std::size_t pieces = random.below(9); pieces > 0; --pieces) {
+          value += random.oneOf(kPieces);
+        }
+        const Text line = Text(header) + u":" + value;
+        const std::optional<Text> name = VCardCleaner::propertyNameUpper(line);
+        ASSERT_TRUE(name);
+        ASSERT_EQ(isUncutUri(*name, value), *name != u"FN");
+        if (*name != u"FN") {
+          ASSERT_EQ(VCardCleaner::segmentMergedLineIfSafe(line), TextList{line});
+        }
+      }
+    }
+  }
+  // A structured name that lost its line break.
+  EXPECT_EQ(VCardCleaner::segmentMergedLineIfSafe(u"FN:urN:a;b;c;d;e").size(), 2U);
+  for (const TextView value : {u"urn:isbn:1", u"tel:1 EMAIL:a", u"TEL:1", u"", u"tel"}) {
+    EXPECT_FALSE(isUncutUri(u"UID", value));
+  }
 }
 
 } // namespace
