@@ -1,7 +1,9 @@
 #include "base/utf8_decoder.h"
 
 #include "base/large_memory.h"
+#include "base/processor.h"
 #include "base/utf8_lanes.h"
+#include "base/utf8_wide_lanes.h"
 
 #include <algorithm>
 #include <bit>
@@ -82,7 +84,9 @@ DecodedRun decodeSoundRun(std::string_view utf8, char16_t* output, std::size_t r
   std::size_t units = 0;
   while (canDecodeByLanes() && utf8.size() - at >= 2 * kByteLanes &&
          room - units >= 2 * kByteLanes) {
-    const DecodedRun run = decodeByLanes(utf8.substr(at), output + units, room - units);
+    const DecodedRun run = usesWideLanes
+                               ? decodeByWideLanes(utf8.substr(at), output + units, room - units)
+                               : decodeByLanes(utf8.substr(at), output + units, room - units);
     at += run.bytes;
     units += run.units;
     // What stopped them is a character that they do not know, or too little of anything.

@@ -8,4 +8,8 @@ namespace cardwright {
 /// usesWideLanes says so; elsewhere it stops at once.
 [[nodiscard]] EncodedRun encodeByWideLanes(TextView text, char* output) noexcept;
 
+/// The same as decodeByLanes, 32 bytes at a time. Likewise.
+[[nodiscard]] DecodedRun decodeByWideLanes(std::string_view utf8, char16_t* output,
+                                           std::size_t room) noexcept;
+
 } // namespace cardwright

@@ -68,8 +68,10 @@ TEST(TextFromUtf8, replacesEveryMaximalPartOfABrokenSequence) {
 }
 
 TEST(TextFromUtf8, agreesWithIcuOnAllShortSequences) {
-  const std::string alphabet = bytesFromHex("41808f909fa0bfc1c2dfe0e1edeff0f1f4f5");
-  forEachCombination(alphabet, 4, expectTheSameAsIcu);
+  withEachLanes([] {
+    const std::string alphabet = bytesFromHex("41808f909fa0bfc1c2dfe0e1edeff0f1f4f5");
+    forEachCombination(alphabet, 4, expectTheSameAsIcu);
+  });
 }
 
 TEST(TextFromUtf8, agreesWithIcuOnEverySequenceOfThreeBytes) {
@@ -81,7 +83,8 @@ TEST(TextFromUtf8, agreesWithIcuOnEverySequenceOfThreeBytes) {
     }
     // At the end of the text nothing follows the two.
     utf8 += twoBytes;
-    ASSERT_EQ(textFromUtf8(utf8), decodedByIcu(utf8)) << head;
+    const Text expected = decodedByIcu(utf8);
+    withEachLanes([&] { ASSERT_EQ(textFromUtf8(utf8), expected) << head; });
   }
 }
 
@@ -101,18 +104,20 @@ TEST(TextFromUtf8, readsEveryCodePointBack) {
 }
 
 TEST(TextFromUtf8, agreesWithIcuOnRandomMixturesOfAsciiAndTheRest) {
-  std::mt19937_64 random(testSeed());
-  const std::string pieces[] = {
-      std::string(1, 'a'), std::string(15, 'b'), std::string(16, 'c'), std::string(33, 'd'),
-      "\xC3\xA9",          "\xE2\x82\xAC",       "\xF0\x9F\x98\x80",   "\x80",
-      "\xF0\x9F",          "\xED\xA0\x80"};
-  for (int round = 0; round < 5000; ++round) {
-    std::string utf8;
-    for (std::size_t i = random() % 300; i > 0; --i) {
-      utf8 += pieces[random() % std::size(pieces)];
+  withEachLanes([] {
+    std::mt19937_64 random(testSeed());
+    const std::string pieces[] = {
+        std::string(1, 'a'), std::string(15, 'b'), std::string(16, 'c'), std::string(33, 'd'),
+        "\xC3\xA9",          "\xE2\x82\xAC",       "\xF0\x9F\x98\x80",   "\x80",
+        "\xF0\x9F",          "\xED\xA0\x80"};
+    for (int round = 0; round < 5000; ++round) {
+      std::string utf8;
+      for (std::size_t i = random() % 300; i > 0; --i) {
+        utf8 += pieces[random() % std::size(pieces)];
+      }
+      expectTheSameAsIcu(utf8);
     }
-    expectTheSameAsIcu(utf8);
-  }
+  });
 }
 
 /// Decodes piece by piece, until nothing more is sound.
@@ -133,46 +138,50 @@ std::pair<Text, std::size_t> decodedInPieces(std::string_view utf8, std::size_t 
 }
 
 TEST(DecodeSoundRun, doesTheSameAsWithoutVectors) {
-  std::mt19937_64 random(testSeed());
-  const std::string pieces[] = {"a",
-                                "bcdefghijklmnopqrstuv",
-                                "\xC3\xA9",
-                                "\xDF\xBF",
-                                "\xE0\xA4\xB9",
-                                "\xED\x9F\xBF",
-                                "\xE2\x82\xAC",
-                                "\xEF\xBF\xBF",
-                                "\xF0\x9F\x98\x80"};
-  for (int round = 0; round < 20000; ++round) {
-    std::string utf8;
-    for (std::size_t i = random() % 60; i > 0; --i) {
-      utf8 += pieces[random() % std::size(pieces)];
+  withEachLanes([] {
+    std::mt19937_64 random(testSeed());
+    const std::string pieces[] = {"a",
+                                  "bcdefghijklmnopqrstuv",
+                                  "\xC3\xA9",
+                                  "\xDF\xBF",
+                                  "\xE0\xA4\xB9",
+                                  "\xED\x9F\xBF",
+                                  "\xE2\x82\xAC",
+                                  "\xEF\xBF\xBF",
+                                  "\xF0\x9F\x98\x80"};
+    for (int round = 0; round < 20000; ++round) {
+      std::string utf8;
+      for (std::size_t i = random() % 60; i > 0; --i) {
+        utf8 += pieces[random() % std::size(pieces)];
+      }
+      for (std::size_t i = random() % 3; i > 0 && !utf8.empty(); --i) {
+        utf8[random() % utf8.size()] = static_cast<char>(random());
+      }
+      const std::size_t room = kAsciiBlock + 1 + random() % 80;
+      ASSERT_EQ(decodedInPieces(utf8, room, decodeSoundRun),
+                decodedInPieces(utf8, room, decodeSoundRunPlainly))
+          << testing::PrintToString(utf8);
     }
-    for (std::size_t i = random() % 3; i > 0 && !utf8.empty(); --i) {
-      utf8[random() % utf8.size()] = static_cast<char>(random());
-    }
-    const std::size_t room = kAsciiBlock + 1 + random() % 80;
-    ASSERT_EQ(decodedInPieces(utf8, room, decodeSoundRun),
-              decodedInPieces(utf8, room, decodeSoundRunPlainly))
-        << testing::PrintToString(utf8);
-  }
+  });
 }
 
 TEST(DecodeSoundRun, seesEveryWrongByteWhereverItStands) {
-  const std::string letters = "a\xC3\xA9z\xE4\xB8\xAD\xF0\x9F\x98\x80";
-  std::string utf8;
-  while (utf8.size() < 64) {
-    utf8 += letters;
-  }
-  for (std::size_t at = 0; at < 48; ++at) {
-    for (unsigned byte = 0; byte < 0x100; ++byte) {
-      std::string broken = utf8;
-      broken[at] = static_cast<char>(byte);
-      ASSERT_EQ(decodedInPieces(broken, 200, decodeSoundRun),
-                decodedInPieces(broken, 200, decodeSoundRunPlainly))
-          << at << ' ' << byte;
+  withEachLanes([] {
+    const std::string letters = "a\xC3\xA9z\xE4\xB8\xAD\xF0\x9F\x98\x80";
+    std::string utf8;
+    while (utf8.size() < 112) {
+      utf8 += letters;
     }
-  }
+    for (std::size_t at = 0; at < 80; ++at) {
+      for (unsigned byte = 0; byte < 0x100; ++byte) {
+        std::string broken = utf8;
+        broken[at] = static_cast<char>(byte);
+        ASSERT_EQ(decodedInPieces(broken, 200, decodeSoundRun),
+                  decodedInPieces(broken, 200, decodeSoundRunPlainly))
+            << at << ' ' << byte;
+      }
+    }
+  });
 }
 
 TEST(Utf8FromText, agreesWithIcuWhereverALongerCharacterStands) {
