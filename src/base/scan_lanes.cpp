@@ -134,8 +134,8 @@ class Lanes {
 };
 
 /// The bits below the lowest one that is set; all of them when none is.
-Bits bitsBelowLowest(Bits bits) noexcept {
-  return bits == 0 ? 0xFFFFU : (bits & (0U - bits)) - 1U;
+Bits belowLowest(Bits bits) noexcept {
+  return (bits - 1U) & ~bits;
 }
 
 std::size_t firstOf(Bits bits) noexcept {
@@ -281,7 +281,7 @@ ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
       continue;
     }
     const Bits terminators = lanes.lineTerminators();
-    const Bits inLine = bitsBelowLowest(terminators);
+    const Bits inLine = belowLowest(terminators);
     marks.hasColon = marks.hasColon || (lanes.equal(':') & inLine) != 0;
     marks.hasAmpersand = marks.hasAmpersand || (lanes.equal('&') & inLine) != 0;
     if (const Bits hyphens = lanes.equal('-') & inLine; hyphens != 0 && !marks.hasPrefixHyphen) {
@@ -305,35 +305,46 @@ HeaderMarks marksOfHeader(TextView text, std::size_t begin) noexcept {
   // Behind a ";" or a "=" in the last lane of the block before; one bit each.
   Bits behindSemicolon = 0;
   Bits behindEquals = 0;
+  Bits dots = 0;
+  Bits quotes = 0;
+  Bits odd = 0;
+  Bits gaps = 0;
+  Bits ends = 0;
   std::size_t at = begin;
-  for (; text.size() - at >= kLanes; at += kLanes) {
+  for (; text.size() - at >= kLanes && ends == 0; at += kLanes) {
     const Lanes lanes(text, at);
     const Bits colons = lanes.equal(':');
-    const Bits ends = colons | lanes.lineTerminators();
-    const Bits inHeader = bitsBelowLowest(ends);
-    const Bits semicolons = lanes.equal(';') & inHeader;
+    ends = colons | lanes.lineTerminators();
+    const Bits inHeader = belowLowest(ends);
+    const Bits allSemicolons = lanes.equal(';');
+    const Bits allEquals = lanes.equal('=');
+    const Bits semicolons = allSemicolons & inHeader;
+    const Bits equals = allEquals & inHeader;
     if (!hasSemicolon && semicolons != 0) {
       marks.nameEnd = at + firstOf(semicolons);
       hasSemicolon = true;
     }
-    marks.hasDot = marks.hasDot || (lanes.equal('.') & inHeader) != 0;
-    marks.hasQuotes = marks.hasQuotes || (lanes.equal('"') & inHeader) != 0;
-    marks.isOdd = marks.isOdd || (lanes.oddInHeader() & inHeader) != 0;
-    const Bits equals = lanes.equal('=') & inHeader;
-    const Bits signs = lanes.equal(';') | colons;
-    const Bits gaps = (((semicolons << 1U) | behindSemicolon) & (signs | lanes.equal('='))) |
-                      (((equals << 1U) | behindEquals) & (signs | lanes.equal(',')));
-    marks.hasGaps = marks.hasGaps || (gaps | (lanes.blanks() & inHeader)) != 0;
+    dots |= lanes.equal('.') & inHeader;
+    quotes |= lanes.equal('"') & inHeader;
+    odd |= lanes.oddInHeader() & inHeader;
+    const Bits signs = allSemicolons | colons;
+    gaps |= (((semicolons << 1U) | behindSemicolon) & (signs | allEquals)) |
+            (((equals << 1U) | behindEquals) & (signs | lanes.equal(','))) |
+            (lanes.blanks() & inHeader);
     behindSemicolon = semicolons >> (kLanes - 1);
     behindEquals = equals >> (kLanes - 1);
-    if (ends != 0) {
-      marks.end = at + firstOf(ends);
-      marks.nameEnd = hasSemicolon ? marks.nameEnd : marks.end;
-      marks.hasColon = text[marks.end] == u':';
-      return marks;
-    }
   }
-  lookAtHeader(text, begin, at, hasSemicolon, marks);
+  marks.hasDot = dots != 0;
+  marks.hasQuotes = quotes != 0;
+  marks.isOdd = odd != 0;
+  marks.hasGaps = gaps != 0;
+  if (ends != 0) {
+    marks.end = at - kLanes + firstOf(ends);
+    marks.nameEnd = hasSemicolon ? marks.nameEnd : marks.end;
+    marks.hasColon = text[marks.end] == u':';
+  } else {
+    lookAtHeader(text, begin, at, hasSemicolon, marks);
+  }
   return marks;
 }
 
