@@ -29,6 +29,7 @@ class SimpleLine {
 
   [[nodiscard]] std::size_t begin() const noexcept { return m_begin; }
   [[nodiscard]] std::size_t size() const noexcept { return m_sizeAndKind >> 2U; }
+  [[nodiscard]] std::size_t end() const noexcept { return begin() + size(); }
   [[nodiscard]] Kind kind() const noexcept { return static_cast<Kind>(m_sizeAndKind & 3U); }
 
  private:
@@ -70,6 +71,13 @@ class SimpleLineCursor {
     }
     return !m_lines.empty() && m_lines.front().begin() == location ? &m_lines.front() : nullptr;
   }
+
+  /// Whether nothing but a line end can stand between the line last found and the next simple one.
+  [[nodiscard]] bool isNextBehindLineEnd() const noexcept {
+    constexpr std::size_t kLineEnd = 2;
+    return m_lines.size() > 1 && m_lines[1].begin() - m_lines.front().end() <= kLineEnd;
+  }
+  [[nodiscard]] std::size_t beginOfNext() const noexcept { return m_lines[1].begin(); }
 
  private:
   std::span<const SimpleLine> m_lines;

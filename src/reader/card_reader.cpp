@@ -166,6 +166,16 @@ class CardAssembly {
 
 namespace {
 
+/// Moves behind a simple line, without a look at the text where the next one is simple, too.
+/// @returns false where the line goes on
+bool stepOver(const SimpleLine& line, const SimpleLineCursor& simpleLines, LineScanner& lines) {
+  if (simpleLines.isNextBehindLineEnd()) {
+    lines.setLocation(simpleLines.beginOfNext());
+    return true;
+  }
+  return lines.stepOver(line.end());
+}
+
 /// Reads the next card line by line into the store.
 /// @param text  what the lines are scanned from
 /// @param store null where no card is wanted
@@ -178,7 +188,7 @@ std::shared_ptr<VCard> readLines(LineScanner& lines, TextView text, SimpleLineCu
   bool isFinished = false;
   while (!isFinished) {
     const SimpleLine* const simple = simpleLines.at(lines.location());
-    if (simple != nullptr && lines.stepOver(simple->begin() + simple->size())) {
+    if (simple != nullptr && stepOver(*simple, simpleLines, lines)) {
       isFinished = assembly.take(*simple, text.substr(simple->begin(), simple->size()));
       continue;
     }

@@ -30,6 +30,7 @@ class LineScanner {
 
   /// Index of the next code unit to be read: the start of a physical line.
   [[nodiscard]] std::size_t location() const noexcept { return m_location; }
+  void setLocation(std::size_t location) noexcept { m_location = location; }
 
   /// Steps over a physical line that ends at `end`, and the line ends behind it.
   /// @returns false, with nothing done, when it goes on in the next one
