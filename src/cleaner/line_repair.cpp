@@ -3,6 +3,7 @@
 #include "base/ascii.h"
 #include "base/case.h"
 #include "base/graphemes.h"
+#include "base/whitespace.h"
 #include "cardwright/vcard_cleaner.h"
 #include "cleaner/line_name.h"
 #include "cleaner/matching/header_scanner.h"
@@ -31,7 +32,16 @@ Text withName(TextView summary, const LineName& name) {
   return text;
 }
 
+/// Whether a value is one member with nothing around it, as nearly all are.
+bool isLoneMember(TextView value) {
+  return value.starts_with(u"urn:uuid:") && value.find(u'&') == TextView::npos &&
+         trimWhitespaceAndNewlines(value).size() == value.size();
+}
+
 std::optional<LineRepair> repairMember(TextView line, const LineName& name) {
+  if (isLoneMember(name.value())) {
+    return std::nullopt;
+  }
   TextList members =
       VCardCleaner::splitMemberNumericEntitiesWithHeader(name.header(), name.value());
   if (members.size() == 1 && members.front() == line) {
@@ -140,6 +150,10 @@ std::optional<LineRepair> repairLine(TextView line) {
   }
   if (name.view() == u"NOTE") {
     return repairNote(line, name);
+  }
+  if (isExtensionName(name.view()) && line.find(u':') == name.colon() &&
+      isUncutUri(name.view(), name.value())) {
+    return std::nullopt; // Nothing is trimmed from extensions.
   }
   return mayHoldSeveralProperties(line) ? repairMergedLine(line, name) : trimFragment(name);
 }

@@ -6,9 +6,10 @@
 
 namespace cardwright {
 
-/// Whether a value is a URI of a common scheme, and every colon one of the scheme: one that
-/// cutMergedProperties surely leaves whole. False tells nothing.
-/// @param name of the property
+/// Whether a value is a URI of a common scheme, and every colon one of the scheme: then
+/// cutMergedProperties surely leaves the line whole. False tells nothing.
+/// @param name  of the property
+/// @param value behind the first colon of the line, quoted or joined ones included
 [[nodiscard]] bool isUncutUri(TextView name, TextView value) noexcept;
 
 /// Cuts a line that carries several properties whose line breaks were lost, only where a header
