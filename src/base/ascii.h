@@ -56,6 +56,12 @@ namespace cardwright {
   return true;
 }
 
+/// Whether a text ends with another, compared likewise.
+[[nodiscard]] constexpr bool endsWithAsciiIgnoringCase(TextView text, TextView end) noexcept {
+  return text.size() >= end.size() &&
+         equalAsciiIgnoringCase(text.substr(text.size() - end.size()), end);
+}
+
 [[nodiscard]] constexpr bool isLineTerminator(char16_t unit) noexcept {
   return unit == u'\r' || unit == u'\n';
 }

@@ -105,6 +105,9 @@ bool declaresQuotedPrintable(TextView header) {
     // No letter has two of these in its upper case.
     return false;
   }
+  if (endsWithAsciiIgnoringCase(header, kQuotedPrintable)) {
+    return true;
+  }
   return isAsciiText(header) ? asciiContains(header, kQuotedPrintable)
                              : upperCased(header).find(kQuotedPrintable) != Text::npos;
 }

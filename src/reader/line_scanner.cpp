@@ -15,7 +15,10 @@ namespace {
 
 /// Whether a header asks for quoted-printable; the bare form of version 2.1 does not count.
 bool declaresQuotedPrintable(TextView header) {
-  return findIgnoringCase(header, u"encoding=quoted-printable").has_value();
+  constexpr TextView kQuotedPrintable = u"encoding=quoted-printable";
+  // Most that do end so.
+  return endsWithAsciiIgnoringCase(header, kQuotedPrintable) ||
+         findIgnoringCase(header, kQuotedPrintable).has_value();
 }
 
 /// Whether "=" is the last thing on a line, blanks aside.
@@ -33,9 +36,13 @@ class HeaderExamination {
   /// @param line the whole line so far
   bool isQuotedPrintable(TextView line) {
     for (; m_state == State::unknown && m_next < line.size(); ++m_next) {
+      m_next = findEither(line, m_next, '"', ':');
+      if (m_next == line.size()) {
+        break;
+      }
       if (line[m_next] == u'"') {
         m_inQuotes = !m_inQuotes;
-      } else if (line[m_next] == u':' && !m_inQuotes) {
+      } else if (!m_inQuotes) {
         m_state =
             declaresQuotedPrintable(line.substr(0, m_next)) ? State::quotedPrintable : State::other;
       }
