@@ -115,7 +115,8 @@ bool HeaderMemory::keyOf(const ReadableText& readable, Key& key) noexcept {
   return false;
 }
 
-std::size_t HeaderMemory::placeOf(const Key& key) noexcept {
+std::size_t HeaderMemory::placeOf(const Key& key, VersionCode readAs,
+                                  VersionCode version) noexcept {
   // Sums of products do not wait for each other. All bits of a word count in the highest ones.
   constexpr std::array<std::uint64_t, 8> kFactors = {
       0x9E3779B97F4A7C15U, 0xBF58476D1CE4E5B9U, 0x94D049BB133111EBU, 0xD6E8FEB86659FD93U,
@@ -125,7 +126,10 @@ std::size_t HeaderMemory::placeOf(const Key& key) noexcept {
   static_assert(kFactors.size() == std::tuple_size_v<decltype(Key::words)>);
   const std::size_t used =
       key.words[kFactors.size() / 2] == 0 ? kFactors.size() / 2 : kFactors.size();
-  std::uint64_t hash = 0;
+  // Books of several versions have the same headers in each.
+  std::uint64_t hash =
+      (static_cast<std::uint64_t>(readAs) + 8 * static_cast<std::uint64_t>(version)) *
+      kFactors.back();
   for (std::size_t i = 0; i < used; ++i) {
     hash += key.words[i] * kFactors[i];
   }
@@ -138,7 +142,7 @@ const HeaderMemory::Found* HeaderMemory::rewrite(Bytes& output, const ReadableTe
   if (!keyOf(line, key)) {
     return rewriteAfresh(output, line.text, readAs, version);
   }
-  std::size_t place = placeOf(key);
+  std::size_t place = placeOf(key, readAs, version);
   std::size_t probes = 0;
   for (; m_places[place] != 0 && probes < kProbes; ++probes) {
     const Entry& entry = m_entries[m_places[place] - 1];

@@ -60,7 +60,8 @@ class HeaderMemory {
                                            VersionCode version);
   void remember(std::size_t place, const Entry& entry);
   [[nodiscard]] static bool keyOf(const ReadableText& line, Key& key) noexcept;
-  [[nodiscard]] static std::size_t placeOf(const Key& key) noexcept;
+  [[nodiscard]] static std::size_t placeOf(const Key& key, VersionCode readAs,
+                                           VersionCode version) noexcept;
 
   std::vector<Entry> m_entries;
   /// Number of an entry, and one more, at its hash or a place behind it; 0 for none.
