@@ -34,6 +34,18 @@ using AsciiTable = std::array<std::uint8_t, 128>;
                                   _mm512_loadu_si512(table.data() + table.size() / 2));
 }
 
+/// Up to 64 units as bytes: what is beyond a byte becomes 0xFF. Zeros stand behind them.
+[[nodiscard]] CARDWRIGHT_WIDE inline __m512i narrowed(const char16_t* units,
+                                                      std::size_t count) noexcept {
+  constexpr std::size_t kHalf = 32;
+  const std::uint64_t used = lowBits(count);
+  const char16_t* const further = units + (count < kHalf ? count : kHalf);
+  const __m512i first = _mm512_maskz_loadu_epi16(static_cast<__mmask32>(used), units);
+  const __m512i second = _mm512_maskz_loadu_epi16(static_cast<__mmask32>(used >> kHalf), further);
+  return _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtusepi16_epi8(first)),
+                            _mm512_cvtusepi16_epi8(second), 1);
+}
+
 } // namespace cardwright
 
 #endif

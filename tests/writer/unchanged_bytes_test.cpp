@@ -130,6 +130,28 @@ TEST(SoundEncoding, takesMixtures) {
   });
 }
 
+TEST(SimpleEncoding, takesWhatHasNothingToEscape) {
+  for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+    for (const std::size_t size : {1U, 31U, 33U, 64U}) {
+      std::vector<char16_t> units(size, u'a'); // exactly so many
+      units[unit % size] = static_cast<char16_t>(unit);
+      const TextView text(units.data(), units.size());
+      const std::size_t room = roomForUtf8(size);
+      const auto memory = std::make_unique<char[]>(room); // NOLINT: likewise
+      Bytes output(memory.get(), room);
+      const bool isSimple = encodeSimple(output, text);
+      const bool mayBe = isAscii(text[unit % size]) && !isSign(static_cast<unsigned char>(unit));
+      ASSERT_EQ(isSimple, mayBe && usesWideLanes) << unit << ' ' << size;
+      ASSERT_EQ(output.view(), isSimple ? utf8FromText(text) : std::string());
+    }
+  }
+  std::array<char, roomForUtf8(65)> room{};
+  Bytes output(room.data(), room.size());
+  EXPECT_FALSE(encodeSimple(output, Text(65, u'a')));
+  EXPECT_EQ(encodeSimple(output, TextView()), usesWideLanes);
+  EXPECT_EQ(output.size(), 0U);
+}
+
 /// What is appended for a value in quoted-printable; absent where only decoding can tell.
 std::optional<std::string> decoded(TextView value) {
   const std::vector<char16_t> units(value.begin(), value.end()); // exactly so many

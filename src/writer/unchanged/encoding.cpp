@@ -2,7 +2,9 @@
 
 #include "base/processor.h"
 #include "base/utf8_encoder.h"
+#include "base/wide_lanes.h"
 #include "values/valid_xml.h"
+#include "writer/unchanged/signs.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -58,7 +60,31 @@ std::size_t encodeAscii(const ReadableText& /*readable*/, char* /*output*/) noex
 
 #endif
 
+#ifdef CARDWRIGHT_WIDE
+
+CARDWRIGHT_WIDE bool encodeSimpleWide(TextView text, char* output) noexcept {
+  const __m512i bytes = narrowed(text.data(), text.size());
+  _mm512_storeu_si512(output, bytes);
+  return (_mm512_movepi8_mask(_mm512_or_si512(bytes, lookUp(kSigns, bytes))) &
+          lowBits(text.size())) == 0;
+}
+
+#endif
+
 } // namespace
+
+bool encodeSimple(Bytes& output, TextView text) noexcept {
+#ifdef CARDWRIGHT_WIDE
+  if (usesWideLanes && text.size() <= kSignWindow && encodeSimpleWide(text, output.end())) {
+    output.setEnd(output.end() + text.size());
+    return true;
+  }
+#else
+  static_cast<void>(output);
+  static_cast<void>(text);
+#endif
+  return false;
+}
 
 bool encodeSound(Bytes& output, const ReadableText& text) noexcept {
   const std::size_t ascii = usesWideLanes ? 0 : encodeAscii(text, output.end());

@@ -50,15 +50,6 @@ CARDWRIGHT_WIDE Bits atLeast(__m512i bytes, unsigned value) noexcept {
   return _mm512_cmpge_epu8_mask(bytes, bytesOf(value));
 }
 
-/// Units as bytes: what is not within a byte becomes 0xFF.
-CARDWRIGHT_WIDE __m512i narrowed(const char16_t* units, std::size_t count) noexcept {
-  const Bits used = lowBits(count);
-  const __m512i first = _mm512_maskz_loadu_epi16(static_cast<__mmask32>(used), units);
-  const __m512i second = _mm512_maskz_loadu_epi16(static_cast<__mmask32>(used >> 32U), units + 32);
-  return _mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtusepi16_epi8(first)),
-                            _mm512_cvtusepi16_epi8(second), 1);
-}
-
 /// How many of at most 62 bytes are whole characters of UTF-8 that a value may hold. Behind them
 /// are zeros.
 CARDWRIGHT_WIDE std::size_t soundBytes(__m512i bytes, std::size_t size) noexcept {

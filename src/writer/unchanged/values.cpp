@@ -425,6 +425,10 @@ Rewriting rewriteValue(Bytes& output, const ReadableText& value, const ValueForm
                            NumberWriting(output, value.text, form, version).write();
     return isWritten ? Rewriting::done : Rewriting::needsProperty;
   }
+  const bool isText = form.valueClass == ValueClass::text || form.valueClass == ValueClass::uri;
+  if (isText && !form.isList && !form.isQuotedPrintable && encodeSimple(output, value.text)) {
+    return Rewriting::done;
+  }
   const std::size_t begin = output.size();
   const bool isEncoded = form.isQuotedPrintable ? appendWithoutQuotedPrintable(output, value.text)
                                                 : encodeSound(output, value);
