@@ -53,6 +53,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // A position too large for a number becomes none; after that all is settled. Years of more than
   // four digits and offsets of more than 99 hours read differently each time.
   const bool settles = data[0] % kTypes.size() < 3 || data[0] % kTypes.size() > 8;
-  demand(!settles || twice == thrice);
+  // Where characters that are left out stood within what separates a label, the value is cut there
+  // the next time.
+  const bool isCut = type == u"Custom" && thrice.size() < twice.size();
+  demand(!settles || isCut || twice == thrice);
   return 0;
 }
