@@ -38,6 +38,19 @@ TEST(UnchangedCards, areWrittenSafelyAsTheirPropertiesAre) {
   }
 }
 
+TEST(UnchangedCards, stateTheVersionThatIsReadOfWhatIsWritten) {
+  // A NUL ends the version that is read, and is left out of what is written.
+  const std::string hidden("VERSION:\0"
+                           "2.1\r\n",
+                           14);
+  for (const std::string& lines :
+       {"GEO:1;2\r\n" + hidden + "VERSION:4.0\r\n", "GEO:1;2\r\nitem." + hidden + "VERSION:4.0\r\n",
+        std::string("GEO:1;2\r\nversion:x\r\nVERSION:4.0\r\n"),
+        std::string("GEO:1;2\r\nVERSION:4.0\r\n")}) {
+    expectSameWritingWithoutLines(readCards("BEGIN:VCARD\r\n" + lines + "END:VCARD\r\n"));
+  }
+}
+
 TEST(UnchangedCards, keepLabelsAndFormatsAsTheirPropertiesDo) {
   for (const char* const lines :
        {"a.TEL:1\r\na.X-ABLABEL:b\r\n", "a.TEL:1\r\na.EMAIL:c\r\na.X-ABLABEL:b\r\n",

@@ -338,7 +338,16 @@ VersionCode plainlyStatedVersion(const detail::CardLines& lines) noexcept {
   if (lines.version == 0) {
     return 0;
   }
-  const TextView line = lines.store->lines[lines.first + lines.countBeforeVersion - 1];
+  const std::size_t stating = lines.first + lines.countBeforeVersion - 1;
+  for (std::size_t number = lines.first; number < stating; ++number) {
+    // A version that could not be read may state one when it is written: without a NUL, say.
+    const TextView other = lines.store->lines[number];
+    const std::optional<LineName> name = nameOf(other);
+    if (!name || name->key(other) == cVCardProperty_VERSION) {
+      return 0;
+    }
+  }
+  const TextView line = lines.store->lines[stating];
   return line == u"VERSION:3.0" ? 3 : line == u"VERSION:4.0" ? 4 : line == u"VERSION:2.1" ? 2 : 0;
 }
 

@@ -22,7 +22,7 @@ namespace cardwright {
                                          const detail::CardLines& lines, VersionCode version,
                                          DateFormatter* formatter, VersionCode stated);
 
-/// The version that a card states in a line of nothing else; 0 for none.
+/// The version that a card states in a line of nothing else, its first VERSION; 0 for none.
 [[nodiscard]] VersionCode plainlyStatedVersion(const detail::CardLines& lines) noexcept;
 
 } // namespace cardwright
