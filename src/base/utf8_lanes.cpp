@@ -1,5 +1,7 @@
 #include "base/utf8_lanes.h"
 
+#include "base/utf8_block.h"
+
 #if defined(__x86_64__) && defined(__GNUC__)
 #define CARDWRIGHT_BYTE_SHUFFLES
 #endif
@@ -145,10 +147,9 @@ __m128i highHalf(__m128i bytes) noexcept {
 // behind its block is made at once, of bytes that the next block has to find sound.
 CARDWRIGHT_SHUFFLING DecodedRun decodeShuffling(std::string_view utf8, char16_t* output,
                                                 std::size_t room) noexcept {
-  constexpr Bits kAll = 0xFFFF;
   std::size_t at = 0;
   std::size_t units = 0;
-  Bits pending = 0;     // Which bytes of the next block go on with the last character.
+  Utf8Bits pending = 0; // Which bytes of the next block go on with the last character.
   std::size_t tail = 0; // How many bytes of that character were taken.
   while (utf8.size() - at >= kByteLanes + 2 && room - units >= kByteLanes) {
     const char* const begin = utf8.data() + at;
@@ -163,37 +164,35 @@ CARDWRIGHT_SHUFFLING DecodedRun decodeShuffling(std::string_view utf8, char16_t*
       units += kByteLanes;
       continue;
     }
-    const Bits leads = atLeast(first, 0xC0);
-    const Bits leadsOfTriples = atLeast(first, 0xE0);
+    const Utf8Bits leads = atLeast(first, 0xC0);
     // Characters of four bytes begin with 0xF0 and above; neither 0xC0 nor 0xC1 begins anything.
-    const Bits unknown = atLeast(first, 0xF0) | (leads & ~atLeast(first, 0xC2));
-    const Bits firstUnknown = unknown & (0U - unknown);
-    const Bits whole = (firstUnknown - 1U) & kAll;
-    const Bits continuations = beyondAscii & ~leads;
-    const Bits expected = (leads << 1U) | (leadsOfTriples << 2U) | pending;
-    // What stands at the unknown must not be missing to the character before it.
-    if (whole == 0 || ((continuations ^ expected) & (whole | firstUnknown)) != 0) {
+    const Utf8Block<kByteLanes> block = {.beyondAscii = beyondAscii,
+                                         .leads = leads,
+                                         .leadsOfTriples = atLeast(first, 0xE0),
+                                         .unknown = atLeast(first, 0xF0) |
+                                                    (leads & ~Utf8Bits{atLeast(first, 0xC2)}),
+                                         .pending = pending};
+    if (!block.isSound()) {
       break;
     }
-    const Bits kept = whole & ~continuations;
     const __m128i second = load(begin + 1);
     low = pairs(low, lowHalf(second));
     high = pairs(high, highHalf(second));
-    if (leadsOfTriples != 0) {
+    if (block.leadsOfTriples != 0) {
       const __m128i third = load(begin + 2);
       low = triples(lowHalf(first), lowHalf(second), lowHalf(third), low);
       high = triples(highHalf(first), highHalf(second), highHalf(third), high);
-      if ((outOfRange(low, high) & leadsOfTriples & kept) != 0) {
+      if ((outOfRange(low, high) & block.leadsOfTriples & block.kept()) != 0) {
         break;
       }
     }
-    units += storeKept(output + units, low, kept & 0xFFU);
-    units += storeKept(output + units, high, kept >> 8U);
-    if (unknown != 0) {
-      return {at + static_cast<std::size_t>(std::popcount(whole)), units};
+    units += storeKept(output + units, low, static_cast<Bits>(block.kept() & 0xFFU));
+    units += storeKept(output + units, high, static_cast<Bits>(block.kept() >> 8U));
+    if (block.unknown != 0) {
+      return {at + static_cast<std::size_t>(std::popcount(block.whole())), units};
     }
-    pending = expected >> kByteLanes;
-    tail = pending == 0 ? 0 : (leadsOfTriples & 0x4000U) != 0 ? 2 : 1;
+    pending = block.nextPending();
+    tail = block.tail();
     at += kByteLanes;
   }
   // The last character may lack what goes on with it.

@@ -1,5 +1,6 @@
 #include "base/utf8_wide_lanes.h"
 
+#include "base/utf8_block.h"
 #include "base/wide_lanes.h"
 
 #include <algorithm>
@@ -101,10 +102,7 @@ CARDWRIGHT_WIDE EncodedRun encodeWide(TextView text, char* output) noexcept {
   return {at, static_cast<std::size_t>(end - output)};
 }
 
-/// One bit for each byte of a block, and for those behind it.
-using Bits = std::uint64_t;
-
-CARDWRIGHT_WIDE Bits atLeast(__m256i bytes, unsigned least) noexcept {
+CARDWRIGHT_WIDE Utf8Bits atLeast(__m256i bytes, unsigned least) noexcept {
   return _mm256_cmpge_epu8_mask(bytes, _mm256_set1_epi8(static_cast<char>(least)));
 }
 
@@ -115,7 +113,7 @@ CARDWRIGHT_WIDE __m512i widened(const char* bytes) noexcept {
 }
 
 /// Which lanes hold what three bytes cannot mean: what needs fewer, and surrogates.
-CARDWRIGHT_WIDE Bits outOfRange(__m512i units) noexcept {
+CARDWRIGHT_WIDE Utf8Bits outOfRange(__m512i units) noexcept {
   const __m512i ranges = _mm512_and_si512(units, pairsOf(0xF800));
   return _mm512_testn_epi16_mask(ranges, ranges) | _mm512_cmpeq_epi16_mask(ranges, pairsOf(0xD800));
 }
@@ -124,57 +122,54 @@ CARDWRIGHT_WIDE Bits outOfRange(__m512i units) noexcept {
 // next block has to find sound.
 CARDWRIGHT_WIDE DecodedRun decodeWide(std::string_view utf8, char16_t* output,
                                       std::size_t room) noexcept {
-  constexpr Bits kAll = 0xFFFFFFFFU;
   std::size_t at = 0;
   std::size_t units = 0;
-  Bits pending = 0;     // Which bytes of the next block go on with the last character.
+  Utf8Bits pending = 0; // Which bytes of the next block go on with the last character.
   std::size_t tail = 0; // How many bytes of that character were taken.
   while (utf8.size() - at >= kUnits + 2 && room - units >= kUnits) {
     const char* const begin = utf8.data() + at;
     const __m512i first = widened(begin);
     const __m256i bytes =
         _mm256_loadu_si256(reinterpret_cast<const __m256i*>(begin)); // NOLINT: unaligned by design
-    const Bits beyondAscii = _mm256_movepi8_mask(bytes);
+    const Utf8Bits beyondAscii = _mm256_movepi8_mask(bytes);
     if ((beyondAscii | pending) == 0) {
       _mm512_storeu_si512(output + units, first);
       at += kUnits;
       units += kUnits;
       continue;
     }
-    const Bits leads = atLeast(bytes, 0xC0);
-    const Bits leadsOfTriples = atLeast(bytes, 0xE0);
+    const Utf8Bits leads = atLeast(bytes, 0xC0);
     // Characters of four bytes begin with 0xF0 and above; neither 0xC0 nor 0xC1 begins anything.
-    const Bits unknown = atLeast(bytes, 0xF0) | (leads & ~atLeast(bytes, 0xC2));
-    const Bits firstUnknown = unknown & (0U - unknown);
-    const Bits whole = (firstUnknown - 1U) & kAll;
-    const Bits continuations = beyondAscii & ~leads;
-    const Bits expected = (leads << 1U) | (leadsOfTriples << 2U) | pending;
-    // What stands at the unknown must not be missing to the character before it.
-    if (whole == 0 || ((continuations ^ expected) & (whole | firstUnknown)) != 0) {
+    const Utf8Block<kUnits> block = {.beyondAscii = beyondAscii,
+                                     .leads = leads,
+                                     .leadsOfTriples = atLeast(bytes, 0xE0),
+                                     .unknown = atLeast(bytes, 0xF0) |
+                                                (leads & ~Utf8Bits{atLeast(bytes, 0xC2)}),
+                                     .pending = pending};
+    if (!block.isSound()) {
       break;
     }
-    const Bits kept = whole & ~continuations;
     const __m512i second = _mm512_and_si512(widened(begin + 1), pairsOf(0x3F));
     const __m512i pair =
         _mm512_or_si512(_mm512_slli_epi16(_mm512_and_si512(first, pairsOf(0x1F)), 6), second);
     __m512i lanes = _mm512_mask_mov_epi16(first, static_cast<__mmask32>(leads), pair);
-    if (leadsOfTriples != 0) {
+    if (block.leadsOfTriples != 0) {
       const __m512i third = _mm512_and_si512(widened(begin + 2), pairsOf(0x3F));
       const __m512i triple = _mm512_or_si512(
           _mm512_or_si512(_mm512_slli_epi16(first, 12), _mm512_slli_epi16(second, 6)), third);
-      lanes = _mm512_mask_mov_epi16(lanes, static_cast<__mmask32>(leadsOfTriples), triple);
-      if ((outOfRange(lanes) & leadsOfTriples & kept) != 0) {
+      lanes = _mm512_mask_mov_epi16(lanes, static_cast<__mmask32>(block.leadsOfTriples), triple);
+      if ((outOfRange(lanes) & block.leadsOfTriples & block.kept()) != 0) {
         break;
       }
     }
     _mm512_storeu_si512(output + units,
-                        _mm512_maskz_compress_epi16(static_cast<__mmask32>(kept), lanes));
-    units += static_cast<std::size_t>(std::popcount(kept));
-    if (unknown != 0) {
-      return {at + static_cast<std::size_t>(std::popcount(whole)), units};
+                        _mm512_maskz_compress_epi16(static_cast<__mmask32>(block.kept()), lanes));
+    units += static_cast<std::size_t>(std::popcount(block.kept()));
+    if (block.unknown != 0) {
+      return {at + static_cast<std::size_t>(std::popcount(block.whole())), units};
     }
-    pending = expected >> kUnits;
-    tail = pending == 0 ? 0 : (leadsOfTriples & 0x40000000U) != 0 ? 2 : 1;
+    pending = block.nextPending();
+    tail = block.tail();
     at += kUnits;
   }
   // The last character may lack what goes on with it.
