@@ -236,6 +236,12 @@ class SafeOutput final : public CardOutput {
     appendUtf8(m_bytes, text);
   }
 
+  void encodingLeftOut(TextView group, TextView name, TextView encoding) override {
+    m_context.recorder.changed(WriteChangeKind::encodingLeftOut,
+                               {group.empty() ? std::nullopt : std::optional(group), name},
+                               encoding);
+  }
+
  private:
   std::string& m_bytes;
   Utf8Output m_lines;

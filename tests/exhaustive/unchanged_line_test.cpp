@@ -37,7 +37,11 @@ TEST_P(RewrittenValue, isThatOfTheProperty) {
 
 INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenValue,
                          testing::Values(u"FN:", u"N:", u"ADR:", u"ORG:", u"NICKNAME:", u"URL:",
-                                         u"PHOTO:", u"X-OWN:", u"BDAY;VALUE=text:"));
+                                         u"PHOTO:", u"X-OWN:", u"BDAY;VALUE=text:", u"GENDER:",
+                                         u"URL;VALUE=uri:", u"RELATED;VALUE=text:",
+                                         u"NICKNAME;VALUE=text:", u"X-OWN;VALUE=uri:",
+                                         u"N;VALUE=text:", u"NOTE;VALUE=x-own:",
+                                         u"X-OWN;VALUE=Org:", u"LOGO;VALUE=url:"));
 
 class RewrittenCode : public testing::TestWithParam<TextView> {};
 
@@ -51,7 +55,9 @@ TEST_P(RewrittenCode, isThatOfTheProperty) {
 
 INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenCode,
                          testing::Values(u"FN", u"N", u"ORG", u"NICKNAME", u"URL", u"X-OWN",
-                                         u"FN;CHARSET=utf-8", u"PHOTO", u"TEL;VALUE=uri"));
+                                         u"FN;CHARSET=utf-8", u"PHOTO", u"TEL;VALUE=uri", u"GENDER",
+                                         u"X-OWN;CHARSET=\"UTF-8\";A=b;HOME",
+                                         u"item1.URL;ZZ=1;TYPE=home", u"item1.X-ABLABEL"));
 
 class RewrittenNumbers : public testing::TestWithParam<TextView> {};
 
@@ -63,12 +69,14 @@ INSTANTIATE_TEST_SUITE_P(OfEachClass, RewrittenNumbers,
                          testing::Values(u"REV:2024-02-2", u"REV:20240229T1213", u"BDAY:",
                                          u"BDAY:1", u"BDAY:2024-0", u"TZ:", u"TZ:+", u"TZ:-0",
                                          u"GEO:", u"GEO:1.123456;", u"GEO:1.12345",
+                                         u"BDAY;VALUE=date:1980-0", u"BDAY;VALUE=DATE-TIME:1980",
+                                         u"X-OWN;VALUE=utc-offset:+0", u"TZ;VALUE=text:+0",
                                          u"X-ABDATE:2023-02-2", u"ANNIVERSARY:20240101T101010"));
 
 class RewrittenHeader : public testing::TestWithParam<TextView> {};
 
 TEST_P(RewrittenHeader, isThatOfTheProperty) {
-  EXPECT_GT(tryBetween(GetParam(), u";,:=\".a-B ^", u":1"), 0U);
+  EXPECT_GT(tryBetween(GetParam(), u";,:=\".a-B ^&", u":1"), 0U);
   EXPECT_GT(tryBetween(GetParam(), u";,:=\".a-B ^", u";VALUE=uri;X-Z=2:1"), 0U);
 }
 
@@ -77,7 +85,10 @@ INSTANTIATE_TEST_SUITE_P(OfEachPlace, RewrittenHeader,
                                          u"EMAIL;TYPE=\"", u"PHOTO;", u"TEL;X-P=1;TYPE=pref",
                                          u"TEL;ENCODING=", u"TEL;VALUE=", u"TEL;CHARSET",
                                          u"TEL;CHARSET=UTF-8", u"FN;ENCODING=quoted-printable",
-                                         u"TEL;PREF=1;type=", u"TEL;X-PARAME=1;X-PARA="));
+                                         u"FN;CHARSET=utf-8;ENCODING=quoted-printable;X=",
+                                         u"TEL;VALUE=text;VALUE=uri", u"TEL;TYPE=\"a\"",
+                                         u"TEL;CHARSET=UTF-8;CHARSET=utf-8", u"TEL;PREF=1;type=",
+                                         u"TEL;X-PARAME=1;X-PARA="));
 
 } // namespace
 } // namespace cardwright

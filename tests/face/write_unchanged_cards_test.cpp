@@ -33,6 +33,11 @@ TEST(UnchangedCards, areWrittenSafelyAsTheirPropertiesAre) {
         "VERSION:3.0\r\nBEGIN:b\r\nEND:b\r\nX-begin:c\r\nfn:d\r\nFN;CHARSET=UTF-8:e\r\n",
         "PHOTO:a\r\nGEO:1;2\r\nVERSION:4.0\r\nPHOTO:b\r\nFN:a\r\n", "FN:a\r\n",
         "VERSION:3.0\r\nVERSION:4.0\r\nPHOTO:a\r\n", "VERSION: 3.0\r\nFN:a\r\n",
+        "VERSION:2.1\r\nb.FN;QUOTED-PRINTABLE:=41\r\nZ;ENCODING=quoted-printable:=42\r\nb.A;"
+        "ENCODING=QUOTED-PRINTABLE:=43\r\nFN;ENCODING=QUOTED-PRINTABLE:=4\r\n",
+        "VERSION:3.0\r\na.Z;ENCODING=QUOTED-PRINTABLE:=41\r\na.X-ABLABEL:b\r\nFN;ENCODING=quoted-"
+        "printable:=42\r\n",
+        "VERSION:4.0\r\nBDAY;VALUE=date:1980-01-02\r\nTEL;VALUE=uri:tel:1,2\r\nGENDER:M;a;b\r\n",
         "a.VERSION:4.0\r\nPHOTO:a\r\n", "VERSION:5.0\r\nVERSION:3.0\r\nPHOTO:a\r\n"}) {
     expectSameWritingWithoutLines(cardOf(lines));
   }

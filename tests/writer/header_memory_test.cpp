@@ -18,6 +18,7 @@ struct Outcome {
   Rewriting rewriting = Rewriting::done;
   Text key;
   std::string bytes;
+  Text quotedPrintable;
 
   friend bool operator==(const Outcome&, const Outcome&) = default;
   friend void PrintTo(const Outcome& outcome, std::ostream* stream) {
@@ -27,20 +28,22 @@ struct Outcome {
 };
 
 /// @param behind how many units may be read behind the line
+/// @param stated 0, or what the card states, where it is written as writeCards does it
 Outcome rewrite(HeaderMemory& memory, TextView line, VersionCode readAs, VersionCode version,
-                std::size_t behind) {
+                VersionCode stated, std::size_t behind) {
   std::vector<char16_t> units(line.begin(), line.end());
   units.resize(line.size() + behind, u':');
   const auto room = std::make_unique<char[]>(roomForLine(line)); // NOLINT: exactly so many
   Bytes output(room.get(), roomForLine(line));
   const TextView text(units.data(), line.size());
   const RewrittenLine rewritten =
-      rewriteLine(output, {{text, units.data() + units.size()}, readAs}, version, memory);
+      rewriteLine(output, {{text, units.data() + units.size()}, readAs, stated}, version, memory);
   Outcome result;
   result.hasName = rewritten.name != nullptr;
   result.rewriting = rewritten.rewriting;
   result.key = result.hasName ? rewritten.name->key(text) : TextView();
   result.bytes = output.view();
+  result.quotedPrintable = rewritten.quotedPrintable;
   return result;
 }
 
@@ -48,11 +51,13 @@ class Memory : public testing::Test {
  protected:
   /// Expects what a memory of nothing tells.
   void expectTheSame(TextView line, VersionCode readAs, VersionCode version) {
-    HeaderMemory fresh;
-    const Outcome expected = rewrite(fresh, line, readAs, version, 0);
-    for (const std::size_t behind : {0U, 200U, 200U, 0U}) {
-      ASSERT_EQ(rewrite(m_memory, line, readAs, version, behind), expected)
-          << testing::PrintToString(line) << " from " << readAs << " to " << version;
+    for (const VersionCode stated : {VersionCode{0}, readAs == 0 ? VersionCode{3} : readAs}) {
+      HeaderMemory fresh;
+      const Outcome expected = rewrite(fresh, line, readAs, version, stated, 0);
+      for (const std::size_t behind : {0U, 200U, 200U, 0U}) {
+        ASSERT_EQ(rewrite(m_memory, line, readAs, version, stated, behind), expected)
+            << testing::PrintToString(line) << " from " << readAs << " to " << version;
+      }
     }
   }
 
@@ -87,19 +92,28 @@ TEST_F(Memory, doesNotTakeOneUnitForAnother) {
   for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
     const Text line = Text(u"TEL;TYPE=a") + static_cast<char16_t>(unit) + u"b:1";
     HeaderMemory fresh;
-    ASSERT_EQ(rewrite(m_memory, line, 3, 3, 100), rewrite(fresh, line, 3, 3, 0)) << unit;
+    ASSERT_EQ(rewrite(m_memory, line, 3, 3, 0, 100), rewrite(fresh, line, 3, 3, 0, 0)) << unit;
   }
 }
 
 TEST_F(Memory, tellsNothingElseHoweverMuchItHasSeen) {
   RandomSource random(testSeed());
-  static constexpr std::array<TextView, 14> kPieces = {u"item1.",     u"TEL",
-                                                       u";TYPE=",     u"home",
-                                                       u"a",          u",",
-                                                       u";X-P=",      u"\"q;r\"",
-                                                       u"N",          u";PREF",
-                                                       u"-",          u"\u00E9",
-                                                       u";VALUE=uri", u"X-ABCDEFGHIJKLMNOPQRSTUVW"};
+  static constexpr std::array<TextView, 16> kPieces = {u"item1.",
+                                                       u"TEL",
+                                                       u";TYPE=",
+                                                       u"home",
+                                                       u"a",
+                                                       u",",
+                                                       u";X-P=",
+                                                       u"\"q;r\"",
+                                                       u"N",
+                                                       u";PREF",
+                                                       u"-",
+                                                       u"\u00E9",
+                                                       u";VALUE=uri",
+                                                       u"X-ABCDEFGHIJKLMNOPQRSTUVW",
+                                                       u";CHARSET=UTF-8",
+                                                       u";ENCODING=QUOTED-PRINTABLE"};
   for (int i = 0; i < 20'000; ++i) {
     Text line;
     for (std::size_t pieces = random.below(7); pieces > 0; --pieces) {

@@ -56,6 +56,7 @@ TEST(UnchangedLine, isSpelledAsItIsWritten) {
   EXPECT_EQ(rewritten(u"REV:20240229T101112Z", 3, 3), u"REV:2024-02-29T10:11:12Z");
   EXPECT_EQ(rewritten(u"BDAY:1980-02-03", 3, 4), u"BDAY:19800203");
   EXPECT_EQ(rewritten(u"TZ:-0530", 3, 3), u"TZ:-05:30");
+  EXPECT_EQ(rewritten(u"GENDER:O;a,b;c\\;d", 4, 4), u"GENDER:O;a\\,b\\;c\\;d");
   EXPECT_EQ(rewritten(u"GEO:1.000000,-20.123456", 3, 3), u"GEO:1.000000;-20.123456");
   EXPECT_EQ(rewritten(u"PHOTO;ENCODING=b;TYPE=JPEG:/9j/", 3, 3),
             u"PHOTO;ENCODING=B;TYPE=JPEG:/9j/");
@@ -93,7 +94,7 @@ TEST(UnchangedLine, isLeftToItsPropertyWhereItsTextsHaveToBeKnown) {
                               u"TZ:Europe/Rome",
                               u"GEO:1.5;2.5",
                               u"GEO:01.123456;1.123456",
-                              u"GENDER:M",
+                              u"GENDER:M\\;F",
                               u"TEL;TYPE=a^nb:1",
                               u"TEL;TYPE=\"a\" b:1",
                               u"TEL;A,B:1",
@@ -126,6 +127,33 @@ TEST(UnchangedLine, isWrittenDecoded) {
   EXPECT_EQ(rewritten(u"TZ;CHARSET=UTF-8:+01:00", 3, 4), u"TZ;CHARSET=UTF-8:+0100");
   EXPECT_EQ(rewritten(u"GEO;CHARSET=UTF-8:1.000000;2.000000", 3, 3),
             u"GEO;CHARSET=UTF-8:1.000000;2.000000");
+}
+
+/// As writeCards does it, in the version that its card states.
+std::optional<Text> safelyRewritten(TextView line, VersionCode stated, VersionCode version) {
+  const auto safe = lineRewriting(line, stated, version, stated);
+  return safe ? std::optional(safe->text.substr(0, safe->text.size() - 2)) : std::nullopt;
+}
+
+TEST(UnchangedLine, isMendedAsWriteCardsDoesIt) {
+  const TextView header = u"ADR;HOME;ENCODING=Quoted-Printable;CHARSET=utf-8;X-A=b:;;=41";
+  EXPECT_EQ(safelyRewritten(header, 2, 3), u"ADR;TYPE=HOME;CHARSET=utf-8;X-A=b:;;A;;;;");
+  EXPECT_EQ(safelyRewritten(header, 2, 2), u"ADR;HOME;CHARSET=UTF-8;X-A=b:;;A;;;;");
+  EXPECT_EQ(safelyRewritten(u"FN;X-A=b;ENCODING=QUOTED-PRINTABLE:=41", 2, 2),
+            u"FN;CHARSET=UTF-8;X-A=b:A");
+  EXPECT_EQ(lineRewriting(header, 2, 3, 2)->encoding, u"Quoted-Printable");
+  EXPECT_EQ(lineRewriting(u"FN:a", 2, 3, 2)->encoding, u"");
+  EXPECT_EQ(safelyRewritten(u"URL:a?b=1\\,2;c,d", 3, 3), u"URL:a?b=1,2;c,d");
+  EXPECT_EQ(safelyRewritten(u"TEL;VALUE=uri;TYPE=\"voice,cell\":tel:1", 4, 4),
+            u"TEL;VALUE=URI;TYPE=\"VOICE,CELL\":tel:1");
+  EXPECT_EQ(safelyRewritten(u"GENDER:;x;y", 4, 3), u"GENDER:;x\\;y");
+  for (const TextView line :
+       {u"URL:a\\\\b", u"URL:a\\nb", u"FN;ENCODING=QUOTED-PRINTABLE:=20a", u"X-A;VALUE=b:c",
+        u"TEL;VALUE=text;VALUE=uri:1", u"NICKNAME;VALUE=text:a", u"TEL;TYPE=\"a=b\":1",
+        u"TEL;TYPE=\"&#38\":1", u"TEL;TYPE=\" a\":1", u"TEL;CHARSET=UTF-8;CHARSET=UTF-8:1",
+        u"item1.X-ABLABEL;ENCODING=QUOTED-PRINTABLE:=41"}) {
+    EXPECT_EQ(safelyRewritten(line, 3, 3), std::nullopt) << testing::PrintToString(line);
+  }
 }
 
 TEST(UnchangedLine, isLeftToItsPropertyWhereItsHeaderIsVeryLong) {

@@ -25,20 +25,20 @@ void WriteRecorder::propertyFound() noexcept {
   }
 }
 
-void WriteRecorder::changed(WriteChangeKind kind, const VCardProperty& property, TextView text) {
+void WriteRecorder::changed(WriteChangeKind kind, const PropertyName& property, TextView text) {
   if (m_report == nullptr) {
     return;
   }
-  Text name(property.group().value_or(TextView()).substr(0, kLongestName));
-  if (property.group()) {
+  Text name(property.group.value_or(TextView()).substr(0, kLongestName));
+  if (property.group) {
     name.push_back(u'.');
   }
-  name.append(property.name().substr(0, kLongestName));
+  name.append(property.name.substr(0, kLongestName));
   name.resize(std::min(name.size(), kLongestName));
   m_report->changes.push_back({kind, m_report->cards - 1, utf8FromText(name), utf8FromText(text)});
 }
 
-void WriteRecorder::dropped(WriteChangeKind kind, const VCardProperty& property, TextView text) {
+void WriteRecorder::dropped(WriteChangeKind kind, const PropertyName& property, TextView text) {
   if (m_report != nullptr) {
     ++m_report->dropped;
     changed(kind, property, text);

@@ -33,8 +33,9 @@ constexpr std::size_t kMostLines = 64;
 /// One line of the card.
 struct CardLine {
   TextView key;
-  std::size_t groupSize; ///< 0 for no group
-  std::uint16_t begin;   ///< of what is written, in the room that all share
+  TextView quotedPrintable; ///< what says in the line that it is, where it is written decoded
+  std::size_t groupSize;    ///< 0 for no group
+  std::uint16_t begin;      ///< of what is written, in the room that all share
   std::uint16_t end;
   Left left;
   bool isCompanion;
@@ -176,6 +177,7 @@ class UnchangedCard {
     if (roomToBeginLine(m_texts[number]) > output.room()) {
       const std::optional<LineName> name = nameOf(m_texts[number]);
       line.left = Left::all;
+      line.quotedPrintable = {};
       return takeName(number, name ? &*name : nullptr);
     }
     const std::size_t begin = output.size();
@@ -191,6 +193,7 @@ class UnchangedCard {
     static_assert(std::tuple_size_v<decltype(m_bytes)> <= UINT16_MAX);
     line.begin = static_cast<std::uint16_t>(begin);
     line.end = static_cast<std::uint16_t>(output.size());
+    line.quotedPrintable = rewritten.quotedPrintable;
     return takeName(number, rewritten.name);
   }
 
@@ -209,6 +212,7 @@ class UnchangedCard {
   /// False for a photo that is left out.
   bool write(std::size_t number) {
     const CardLine& line = m_lines[number];
+    tellDecoding(number, line.quotedPrintable);
     if (line.left == Left::nothing) {
       if (line.begin != m_waitingEnd) {
         flush();
@@ -223,6 +227,14 @@ class UnchangedCard {
       return true;
     }
     return (line.left == Left::all && rewriteLate(number)) || writeProperty(number);
+  }
+
+  /// What writeCards tells of. Lines that describe others are not decoded, and so it is told in the
+  /// order of the properties.
+  void tellDecoding(std::size_t number, TextView encoding) {
+    if (isWrittenSafely() && !encoding.empty()) {
+      m_output.encodingLeftOut(groupOf(number), m_lines[number].key, encoding);
+    }
   }
 
   [[nodiscard]] std::string_view written(std::size_t begin, std::size_t end) const noexcept {
@@ -241,9 +253,11 @@ class UnchangedCard {
     const std::size_t room = roomForLine(m_texts[number]);
     const auto bytes = std::make_unique_for_overwrite<char[]>(room); // NOLINT: of that size
     Bytes output(bytes.get(), room);
-    if (rewriteLine(output, readLine(number), m_version, m_memory).rewriting != Rewriting::done) {
+    const RewrittenLine rewritten = rewriteLine(output, readLine(number), m_version, m_memory);
+    if (rewritten.rewriting != Rewriting::done) {
       return false;
     }
+    tellDecoding(number, rewritten.quotedPrintable);
     m_output.appendFolded(output.view());
     return true;
   }

@@ -45,8 +45,19 @@ ValueForm formOf(TextView key, const WrittenName* meaning, VersionCode readAs,
         isOneOf(type, {cVCardValue_TIMESTAMP, cVCardValue_DATE_TIME, cVCardValue_DATE_AND_OR_TIME});
   }
   form.isPhoto = key == cVCardProperty_PHOTO;
-  form.isQuotedPrintable = stated.isQuotedPrintable;
+  form.isQuotedPrintable = !stated.quotedPrintable.empty();
   return form;
+}
+
+/// Whether writeCards has nothing more to mend in a header.
+bool isOrdinary(TextView key, const WrittenName* meaning, const StatedForm& stated,
+                const ValueForm& form) noexcept {
+  // What describes others is compared with its like before it is written.
+  const bool isComparedDecoded =
+      form.isQuotedPrintable && meaning != nullptr && meaning->isCompanion;
+  const bool isListOfStated = form.isList && stated.type;
+  return stated.isOrdinary && !isListOfStated && !isComparedDecoded && key != u"BEGIN" &&
+         key != u"END";
 }
 
 } // namespace
@@ -76,7 +87,7 @@ std::optional<LineName> nameOf(TextView line) noexcept {
 }
 
 std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line, const LineName& name,
-                                        VersionCode readAs, VersionCode version) {
+                                        const HeaderTask& task) {
   if (line.substr(0, kLongestHeader + 1).find(u':') == TextView::npos) {
     return std::nullopt;
   }
@@ -85,13 +96,16 @@ std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line, const Line
   output.append(key);
   LineHeader header{.name = name, .end = name.end, .form = {}};
   StatedForm stated;
-  if (line[header.end] == u';' &&
-      !rewriteParameters(output, line, key, version, header.end, stated)) {
+  if (line[header.end] == u';' && !rewriteParameters(output, line, key, task, header.end, stated)) {
     return std::nullopt;
   }
   output.push_back(u':');
-  header.form = formOf(key, name.meaning, readAs, stated);
-  header.isOrdinary = stated.isOrdinary && key != u"BEGIN" && key != u"END";
+  header.form = formOf(key, name.meaning, task.readAs, stated);
+  header.isOrdinary = isOrdinary(key, name.meaning, stated, header.form);
+  header.encodingSize = stated.quotedPrintable.size();
+  if (header.form.isQuotedPrintable) {
+    header.encodingBegin = static_cast<std::size_t>(stated.quotedPrintable.data() - line.data());
+  }
   header.isOfAllVersions =
       name.meaning == nullptr || name.meaning->typeBelow4 == name.meaning->type;
   return header;

@@ -39,16 +39,15 @@ struct LineHeader {
   LineName name;
   std::size_t end = 0; ///< where the colon stands
   ValueForm form;
-  bool isOrdinary = false;     ///< whether writing safely changes nothing in it
+  std::size_t encodingBegin = 0; ///< of what says that the value is in quoted-printable, if any
+  std::size_t encodingSize = 0;
+  bool isOrdinary = false;     ///< whether writeCards has nothing more to mend in it
   bool isOfAllVersions = true; ///< whether its values are of the same type in all versions
 };
 
 /// Appends the header of a line that was read, and its colon, as they are written.
-/// @param readAs  version code that the line was read in
-/// @param version version code of what is written
 /// @returns absent where only the property can tell
 [[nodiscard]] std::optional<LineHeader> rewriteHeader(Bytes& output, TextView line,
-                                                      const LineName& name, VersionCode readAs,
-                                                      VersionCode version);
+                                                      const LineName& name, const HeaderTask& task);
 
 } // namespace cardwright

@@ -61,13 +61,13 @@ class HeaderBlock {
 #endif
 
 const HeaderMemory::Found* HeaderMemory::rewriteAfresh(Bytes& output, TextView line,
-                                                       VersionCode readAs, VersionCode version) {
+                                                       const HeaderTask& task) {
   const std::optional<LineName> name = nameOf(line);
   if (!name) {
     return nullptr;
   }
   const std::size_t begin = output.size();
-  const std::optional<LineHeader> header = rewriteHeader(output, line, *name, readAs, version);
+  const std::optional<LineHeader> header = rewriteHeader(output, line, *name, task);
   if (!header) {
     output.resize(begin);
   }
@@ -115,8 +115,7 @@ bool HeaderMemory::keyOf(const ReadableText& readable, Key& key) noexcept {
   return false;
 }
 
-std::size_t HeaderMemory::placeOf(const Key& key, VersionCode readAs,
-                                  VersionCode version) noexcept {
+std::size_t HeaderMemory::placeOf(const Key& key, const HeaderTask& task) noexcept {
   // Sums of products do not wait for each other. All bits of a word count in the highest ones.
   constexpr std::array<std::uint64_t, 8> kFactors = {
       0x9E3779B97F4A7C15U, 0xBF58476D1CE4E5B9U, 0x94D049BB133111EBU, 0xD6E8FEB86659FD93U,
@@ -127,9 +126,9 @@ std::size_t HeaderMemory::placeOf(const Key& key, VersionCode readAs,
   const std::size_t used =
       key.words[kFactors.size() / 2] == 0 ? kFactors.size() / 2 : kFactors.size();
   // Books of several versions have the same headers in each.
-  std::uint64_t hash =
-      (static_cast<std::uint64_t>(readAs) + 8 * static_cast<std::uint64_t>(version)) *
-      kFactors.back();
+  std::uint64_t hash = (static_cast<std::uint64_t>(task.readAs) +
+                        8 * static_cast<std::uint64_t>(task.version) + (task.isSafe ? 64 : 0)) *
+                       kFactors.back();
   for (std::size_t i = 0; i < used; ++i) {
     hash += key.words[i] * kFactors[i];
   }
@@ -137,26 +136,26 @@ std::size_t HeaderMemory::placeOf(const Key& key, VersionCode readAs,
 }
 
 const HeaderMemory::Found* HeaderMemory::rewrite(Bytes& output, const ReadableText& line,
-                                                 VersionCode readAs, VersionCode version) {
+                                                 const HeaderTask& task) {
   Key key; // NOLINT: filled at once
   if (!keyOf(line, key)) {
-    return rewriteAfresh(output, line.text, readAs, version);
+    return rewriteAfresh(output, line.text, task);
   }
-  std::size_t place = placeOf(key, readAs, version);
+  std::size_t place = placeOf(key, task);
   std::size_t probes = 0;
   for (; m_places[place] != 0 && probes < kProbes; ++probes) {
     const Entry& entry = m_entries[m_places[place] - 1];
-    if (entry.key == key && entry.readAs == readAs && entry.version == version) {
+    if (entry.key == key && entry.task == task) {
       output.appendBlocks({entry.written.data(), entry.size});
       return &entry.found;
     }
     place = (place + 1) % kPlaces;
   }
   const std::size_t begin = output.size();
-  const Found* const found = rewriteAfresh(output, line.text, readAs, version);
+  const Found* const found = rewriteAfresh(output, line.text, task);
   const std::string_view written = output.view().substr(begin);
   if (found != nullptr && written.size() <= kLongestWritten && probes < kProbes) {
-    Entry entry{key, readAs, version, *found, written.size(), {}};
+    Entry entry{key, task, *found, written.size(), {}};
     std::copy(written.begin(), written.end(), entry.written.begin());
     remember(place, entry);
   }

@@ -21,8 +21,8 @@ class HeaderMemory {
 
   /// The same as nameOf and rewriteHeader, and appends nothing where that fails.
   /// @returns what the memory holds until the next call; null where nameOf finds no name
-  [[nodiscard]] const Found* rewrite(Bytes& output, const ReadableText& line, VersionCode readAs,
-                                     VersionCode version);
+  [[nodiscard]] const Found* rewrite(Bytes& output, const ReadableText& line,
+                                     const HeaderTask& task);
 
  private:
   /// Longer headers are rewritten each time.
@@ -49,19 +49,16 @@ class HeaderMemory {
 
   struct Entry {
     Key key{}; ///< of zeros for none
-    VersionCode readAs = 0;
-    VersionCode version = 0;
+    HeaderTask task{};
     Found found{};
     std::size_t size = 0; ///< of what is written
     std::array<char, kLongestWritten + kBeyondBytes> written{};
   };
 
-  [[nodiscard]] const Found* rewriteAfresh(Bytes& output, TextView line, VersionCode readAs,
-                                           VersionCode version);
+  [[nodiscard]] const Found* rewriteAfresh(Bytes& output, TextView line, const HeaderTask& task);
   void remember(std::size_t place, const Entry& entry);
   [[nodiscard]] static bool keyOf(const ReadableText& line, Key& key) noexcept;
-  [[nodiscard]] static std::size_t placeOf(const Key& key, VersionCode readAs,
-                                           VersionCode version) noexcept;
+  [[nodiscard]] static std::size_t placeOf(const Key& key, const HeaderTask& task) noexcept;
 
   std::vector<Entry> m_entries;
   /// Number of an entry, and one more, at its hash or a place behind it; 0 for none.

@@ -12,7 +12,7 @@ bool mayLackText(TextView value, const ValueForm& form) noexcept {
                                             form.valueClass != ValueClass::uri));
 }
 
-/// Whether writeCards may write the header as generate does.
+/// Whether a line with this header can be written as writeCards does it.
 bool isOrdinary(const LineHeader& header, const ReadLine& line) noexcept {
   return header.isOrdinary && (header.isOfAllVersions || (line.readAs < 4) == (line.stated < 4));
 }
@@ -22,25 +22,29 @@ bool isOrdinary(const LineHeader& header, const ReadLine& line) noexcept {
 RewrittenLine rewriteLine(Bytes& output, const ReadLine& line, VersionCode version,
                           HeaderMemory& memory) {
   const std::size_t begin = output.size();
-  const HeaderMemory::Found* const found = memory.rewrite(output, line.units, line.readAs, version);
+  const HeaderMemory::Found* const found =
+      memory.rewrite(output, line.units, {line.readAs, version, line.isWrittenSafely()});
   if (found == nullptr || !found->isRewritten) {
     return {found != nullptr ? &found->header.name : nullptr, Rewriting::needsProperty};
   }
-  const ValueForm& form = found->header.form;
+  const LineHeader& header = found->header;
+  const ValueForm& form = header.form;
   ReadableText value = line.units;
-  value.text.remove_prefix(found->header.end + 1);
+  value.text.remove_prefix(header.end + 1);
   while (!value.text.empty() && isWhitespace(value.text.front())) {
     value.text.remove_prefix(1);
   }
   const bool needsProperty =
-      mayLackText(value.text, form) || (line.isWrittenSafely() && !isOrdinary(found->header, line));
+      mayLackText(value.text, form) || (line.isWrittenSafely() && !isOrdinary(header, line));
   const Rewriting rewriting =
       needsProperty ? Rewriting::needsProperty
                     : rewriteValue(output, value, form, version, line.isWrittenSafely());
   if (rewriting != Rewriting::done) {
     output.resize(begin);
+    return {&header.name, rewriting};
   }
-  return {&found->header.name, rewriting};
+  return {&header.name, rewriting,
+          line.units.text.substr(header.encodingBegin, header.encodingSize)};
 }
 
 } // namespace cardwright

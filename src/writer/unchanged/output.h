@@ -22,6 +22,14 @@ class CardOutput {
   /// Appends what a property writes of itself.
   virtual void append(const VCardProperty& property, VersionCode version,
                       DateFormatter* formatter) = 0;
+  /// Takes notice that a line is written decoded, without the encoding that it was read in.
+  /// @param group empty for none
+  /// @param name  upper-cased
+  virtual void encodingLeftOut(TextView group, TextView name, TextView encoding) {
+    static_cast<void>(group);
+    static_cast<void>(name);
+    static_cast<void>(encoding);
+  }
 
  protected:
   ~CardOutput() = default;

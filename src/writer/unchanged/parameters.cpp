@@ -63,14 +63,9 @@ class Items {
 
 class ParameterWriting {
  public:
-  ParameterWriting(Bytes& output, TextView line, TextView key, VersionCode version, std::size_t& at,
-                   StatedForm& stated) noexcept
-      : m_output(output),
-        m_line(line),
-        m_key(key),
-        m_version(version),
-        m_at(at),
-        m_stated(stated) {}
+  ParameterWriting(Bytes& output, TextView line, TextView key, const HeaderTask& task,
+                   std::size_t& at, StatedForm& stated) noexcept
+      : m_output(output), m_line(line), m_key(key), m_task(task), m_at(at), m_stated(stated) {}
 
   bool write() {
     Items items;
@@ -86,17 +81,13 @@ class ParameterWriting {
     if (m_line[m_at] != u':') {
       return false;
     }
-    for (const Item& item : items) {
-      // The value is written decoded.
-      if (!m_stated.isQuotedPrintable || (item.parameter.name != cVCardParameter_ENCODING &&
-                                          item.parameter.name != cVCardParameter_CHARSET)) {
+    if (m_stated.quotedPrintable.empty()) {
+      for (const Item& item : items) {
         write(item);
       }
+      return true;
     }
-    if (m_stated.isQuotedPrintable && m_version == 2) {
-      m_output.append(u";CHARSET=UTF-8");
-    }
-    return true;
+    return m_task.isSafe ? writeDecodedSafely(items) : writeDecoded(items);
   }
 
  private:
@@ -107,11 +98,8 @@ class ParameterWriting {
       return false; // A bare list is one word, and that of a photo may be an encoding.
     }
     const TextView name = isBare ? cVCardParameter_TYPE : word;
-    const NameRow<WrittenName>* known =
-        writtenName(isBare ? shortWordPlainly(name, 0) : beginning, name);
     Item item{};
-    item.parameter.name = known != nullptr ? known->name : name;
-    item.parameter.order = known != nullptr ? known->value.parameterOrder : orderOfOther(beginning);
+    item.parameter = nameOfParameter(isBare ? shortWordPlainly(name, 0) : beginning, name);
     if (isBare) {
       item.value = word;
       lookAt(item);
@@ -136,7 +124,6 @@ class ParameterWriting {
     item.needsQuotes = false;
     const bool isQuoted = m_at < m_line.size() && m_line[m_at] == u'"';
     m_at += isQuoted ? 1 : 0;
-    m_stated.isOrdinary = m_stated.isOrdinary && !isQuoted;
     std::size_t end = m_at;
     if (isQuoted) {
       for (; end < m_line.size() && m_line[end] != u'"'; ++end) {
@@ -146,6 +133,9 @@ class ParameterWriting {
           return false;
         }
         item.needsQuotes = item.needsQuotes || unit == u';' || unit == u',';
+        // Signs that may become something else without the quotes, or with what follows.
+        const bool isOdd = unit == u'=' || unit == u'&' || (unit == u' ' && end == m_at);
+        m_stated.isOrdinary = m_stated.isOrdinary && !isOdd;
       }
     } else {
       end = endOfWord(m_line, m_at);
@@ -159,33 +149,75 @@ class ParameterWriting {
     return takeForm(item);
   }
 
-  /// Notes what keeps a line from being ordinary.
+  /// Writes the parameters of a value that is written decoded.
+  bool writeDecoded(const Items& items) {
+    for (const Item& item : items) {
+      if (item.parameter.name != cVCardParameter_ENCODING &&
+          item.parameter.name != cVCardParameter_CHARSET) {
+        write(item);
+      }
+    }
+    if (m_task.version == 2) {
+      m_output.append(u";CHARSET=UTF-8");
+    }
+    return true;
+  }
+
+  /// The same as writeCards does it: CHARSET stays among the others.
+  bool writeDecodedSafely(Items& items) {
+    const Item utf8{charsetName(), u"UTF-8", false};
+    if (m_task.version == 2 && !m_hasCharset && !items.add(utf8)) {
+      return false;
+    }
+    for (const Item& item : items) {
+      if (item.parameter.name != cVCardParameter_ENCODING) {
+        const bool isStatedAnew =
+            m_task.version == 2 && item.parameter.name == cVCardParameter_CHARSET;
+        write(isStatedAnew ? utf8 : item);
+      }
+    }
+    return true;
+  }
+
+  static ParameterName charsetName() noexcept {
+    const ShortWord word = shortWordPlainly(cVCardParameter_CHARSET, 0);
+    return nameOfParameter(word, cVCardParameter_CHARSET);
+  }
+
+  static ParameterName nameOfParameter(ShortWord word, TextView name) noexcept {
+    const NameRow<WrittenName>* const known = writtenName(word, name);
+    return known != nullptr ? ParameterName{known->name, known->value.parameterOrder}
+                            : ParameterName{name, orderOfOther(word)};
+  }
+
+  /// Notes what writeCards does not write as it stands.
   void lookAt(const Item& item) {
     const TextView name = item.parameter.name;
-    const bool isOdd =
-        name == cVCardParameter_CHARSET || name == cVCardParameter_VALUE ||
-        (name == cVCardParameter_ENCODING &&
-         equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_QUOTED_PRINTABLE)) ||
-        (name == cVCardParameter_TYPE && m_version == 2 &&
-         equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_BASE64));
+    const bool isOdd = name == cVCardParameter_TYPE && m_task.version == 2 &&
+                       equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_BASE64);
     m_stated.isOrdinary = m_stated.isOrdinary && !isOdd;
   }
 
   /// Looks at what the parameter says of the value. The first of several counts.
   bool takeForm(const Item& item) {
     const TextView name = item.parameter.name;
-    if (name == cVCardParameter_VALUE && !m_stated.type) {
-      m_stated.type = item.value;
+    if (name == cVCardParameter_VALUE) {
+      m_stated.isOrdinary = m_stated.isOrdinary && !m_stated.type;
+      m_stated.type = m_stated.type.value_or(item.value);
     } else if (name == cVCardParameter_CHARSET) {
+      m_stated.isOrdinary = m_stated.isOrdinary && !m_hasCharset;
+      m_hasCharset = true;
       return equalAsciiIgnoringCase(item.value, u"UTF-8");
     } else if (name == cVCardParameter_ENCODING) {
       const bool isQuotedPrintable =
           equalAsciiIgnoringCase(item.value, cVCardParameter_ENCODING_QUOTED_PRINTABLE);
-      if (m_hasEncoding || (m_version == 2 && !isQuotedPrintable)) {
+      if (m_hasEncoding || (m_task.version == 2 && !isQuotedPrintable)) {
         return false; // In 2.1, an empty line may have to follow.
       }
       m_hasEncoding = true;
-      m_stated.isQuotedPrintable = isQuotedPrintable;
+      if (isQuotedPrintable) {
+        m_stated.quotedPrintable = item.value;
+      }
     }
     return true;
   }
@@ -194,7 +226,7 @@ class ParameterWriting {
     const TextView name = item.parameter.name;
     const bool isType = name == cVCardParameter_TYPE;
     m_output.push_back(u';');
-    if (!isType || m_version != 2) {
+    if (!isType || m_task.version != 2) {
       m_output.appendUpper(name);
       m_output.push_back(u'=');
     }
@@ -216,17 +248,18 @@ class ParameterWriting {
   Bytes& m_output;
   TextView m_line;
   TextView m_key;
-  VersionCode m_version;
+  const HeaderTask& m_task;
   std::size_t& m_at;
   StatedForm& m_stated;
   bool m_hasEncoding = false;
+  bool m_hasCharset = false;
 };
 
 } // namespace
 
-bool rewriteParameters(Bytes& output, TextView line, TextView key, VersionCode version,
+bool rewriteParameters(Bytes& output, TextView line, TextView key, const HeaderTask& task,
                        std::size_t& at, StatedForm& stated) {
-  return ParameterWriting(output, line, key, version, at, stated).write();
+  return ParameterWriting(output, line, key, task, at, stated).write();
 }
 
 } // namespace cardwright

@@ -2,6 +2,7 @@
 
 #include "cardwright/text.h"
 #include "writer/unchanged/bytes.h"
+#include "writer/unchanged/rewriting.h"
 
 #include <cstddef>
 #include <optional>
@@ -13,9 +14,9 @@ inline constexpr std::size_t kMostItems = 12;
 
 /// What parameters say of how the value is to be read.
 struct StatedForm {
-  std::optional<TextView> type;   ///< the first value of VALUE, if there is any
-  bool isQuotedPrintable = false; ///< in UTF-8
-  bool isOrdinary = true;         ///< whether each value is a word, and none changes how it is read
+  std::optional<TextView> type; ///< the first value of VALUE, if there is any
+  TextView quotedPrintable;     ///< what says that it is, of UTF-8; part of the line, or empty
+  bool isOrdinary = true;       ///< whether writeCards has nothing to mend, what that says aside
 };
 
 /// Appends the parameters of a line that was read as they are written.
@@ -23,6 +24,6 @@ struct StatedForm {
 /// @param at  where the first ";" stands; moved to the colon
 /// @returns false where the texts have to be known
 [[nodiscard]] bool rewriteParameters(Bytes& output, TextView line, TextView key,
-                                     VersionCode version, std::size_t& at, StatedForm& stated);
+                                     const HeaderTask& task, std::size_t& at, StatedForm& stated);
 
 } // namespace cardwright

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace cardwright {
 
@@ -77,7 +78,9 @@ class ValueWriting {
       [[fallthrough]];
     case ValueClass::text:
     case ValueClass::uri:
-      return m_form.isList ? writeList() : writeText();
+      return m_form.isList ? writeList() : beginsInBlank() ? Rewriting::needsProperty : writeText();
+    case ValueClass::gender:
+      return m_form.isList || beginsInBlank() ? Rewriting::needsProperty : writeGender();
     case ValueClass::name:
       return writeSlots(5);
     case ValueClass::address:
@@ -114,6 +117,11 @@ class ValueWriting {
                  ? Step::unknown()
                  : Step{2, piece(at + 1, at + 2)};
     }
+  }
+
+  /// Whether writeCards would have to keep a blank from being trimmed: one that was encoded.
+  [[nodiscard]] bool beginsInBlank() const noexcept {
+    return m_isSafe && m_size != 0 && isWhitespace(firstUnit({m_source, m_size}));
   }
 
   /// Takes each sign as `stepAt` tells of its place.
@@ -178,11 +186,25 @@ class ValueWriting {
     return m_version == 3 ? std::string_view("\\;") : std::string_view();
   }
 
+  /// The sign at `at` of a URI, which writeCards does not escape where there is neither a backslash
+  /// nor a line break.
+  [[nodiscard]] Step bareInUri(std::size_t at) const noexcept {
+    if (m_source[at] == ',' || m_source[at] == ';') {
+      return Step::stays(1);
+    }
+    if (m_source[at] != '\\' || at + 1 >= m_size || m_source[at + 1] == '\\') {
+      return Step::unknown();
+    }
+    const Step step = escaped(at, false);
+    const bool isBreak = m_source[at + 1] == 'n' || m_source[at + 1] == 'N';
+    return step.length == 0 || isBreak ? Step::unknown() : Step{2, piece(at + 1, at + 2)};
+  }
+
   Rewriting writeText() {
-    const bool hasNoSigns = m_isSafe && m_form.valueClass == ValueClass::uri;
-    return writeSteps([this, hasNoSigns](std::size_t at) -> Step {
-      if (hasNoSigns) {
-        return Step::unknown();
+    const bool isBare = m_isSafe && m_form.valueClass == ValueClass::uri;
+    return writeSteps([this, isBare](std::size_t at) -> Step {
+      if (isBare) {
+        return bareInUri(at);
       }
       switch (m_source[at]) {
       case '\\':
@@ -246,6 +268,26 @@ class ValueWriting {
     return isWhole ? rewriting : Rewriting::needsProperty;
   }
 
+  /// The first semicolon ends the sex, even behind a backslash.
+  Rewriting writeGender() {
+    bool isSex = true;
+    return writeSteps([this, &isSex](std::size_t at) -> Step {
+      switch (m_source[at]) {
+      case ';': {
+        const bool isSeparator = std::exchange(isSex, false);
+        return isSeparator ? Step::stays(1) : Step{1, "\\;"};
+      }
+      case ',':
+        return {1, "\\,"};
+      case '\\':
+        return isSex && at + 1 < m_size && m_source[at + 1] == ';' ? Step::unknown()
+                                                                   : escaped(at, true);
+      default:
+        return Step::unknown();
+      }
+    });
+  }
+
   Rewriting writeParts() {
     return writePieces(';', "\\,", true, [this](std::string_view text) {
       return !m_isSafe || !hasBlanksAround(text);
@@ -301,7 +343,7 @@ class ValueWriting {
   bool m_isMoved = false;
   const ValueForm& m_form;
   VersionCode m_version;
-  bool m_isSafe; ///< whether only what is ordinary is written
+  bool m_isSafe; ///< whether it is written as writeCards does it
 };
 
 /// Writes dates, offsets and positions, which are of ASCII.

@@ -34,7 +34,8 @@ struct ValueForm {
 /// Appends a value that was read as it is written.
 /// @param value  begins behind blanks
 /// @param output has room for roomToBegin
-/// @param isSafe whether only what is ordinary is to be written: what every version reads again
+/// @param isSafe whether it is to be written as writeCards does it, so that every version reads the
+///               same again; what that mends is left to properties
 [[nodiscard]] Rewriting rewriteValue(Bytes& output, const ReadableText& value,
                                      const ValueForm& form, VersionCode version,
                                      bool isSafe = false);
