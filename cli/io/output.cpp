@@ -31,6 +31,11 @@ int writeAll(int descriptor, std::string_view bytes) {
 } // namespace
 
 void Output::write(std::string_view bytes) {
+  if (bytes.size() >= m_buffer.size()) {
+    flush();
+    send(bytes);
+    return;
+  }
   while (!bytes.empty()) {
     if (m_used == m_buffer.size()) {
       flush();
@@ -43,13 +48,18 @@ void Output::write(std::string_view bytes) {
 }
 
 void Output::flush() {
-  if (isOpen() && m_used != 0) {
-    if (m_progress != nullptr) {
-      m_progress->stepAside();
-    }
-    m_error = writeAll(m_descriptor, {m_buffer.data(), m_used});
-  }
+  send({m_buffer.data(), m_used});
   m_used = 0;
+}
+
+void Output::send(std::string_view bytes) {
+  if (!isOpen() || bytes.empty()) {
+    return;
+  }
+  if (m_progress != nullptr) {
+    m_progress->stepAside();
+  }
+  m_error = writeAll(m_descriptor, bytes);
 }
 
 int Output::error() const noexcept {

@@ -8,7 +8,8 @@ namespace cardwright::tool {
 
 class Progress;
 
-/// Bytes on their way to a file descriptor, gathered into large writes.
+/// Bytes on their way to a file descriptor, gathered into large writes. What is large already goes
+/// as it is.
 ///
 /// Once a write has failed, everything that follows is dropped: whoever produces much asks
 /// isOpen() from time to time and stops.
@@ -37,6 +38,9 @@ class Output {
   [[nodiscard]] int error() const noexcept;
 
  private:
+  /// Writes at once, if anything can be written.
+  void send(std::string_view bytes);
+
   static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 
   int m_descriptor;

@@ -1,4 +1,5 @@
 #include "cli/process.h"
+#include "support/address_book.h"
 #include "support/corpus_test.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +51,19 @@ TEST(CleanCommand, gluesNoTwoCardsTogether) {
   const std::string empty = folder.write("empty.vcf", "");
   EXPECT_EQ(runTool({{"clean", empty, open, empty, open}, ""}).output,
             "BEGIN:VCARD\nEND:VCARD\r\nBEGIN:VCARD\nEND:VCARD");
+}
+
+TEST(CleanCommand, leavesLargeFilesByteForByteAmongSmallOnes) {
+  AddressBookOptions options;
+  options.cards = 20'000; // more than a large page, and than what is gathered before it is written
+  const std::string large = addressBook(options);
+  const TemporaryFolder folder;
+  const std::string largeFile = folder.write("large.vcf", large);
+  const std::string smallFile = folder.write("small.vcf", kSound);
+  const std::string both = large + std::string(kSound);
+  EXPECT_TRUE(runTool({{"clean", largeFile, smallFile, largeFile, largeFile, smallFile}, ""})
+                  .output == both + large + both);
+  EXPECT_TRUE(runTool({{"clean", smallFile, "-"}, large}).output == std::string(kSound) + large);
 }
 
 TEST(CleanCommand, onlyTellsWhenAskedToCheck) {

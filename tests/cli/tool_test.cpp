@@ -141,8 +141,9 @@ TEST(Tool, endsQuietlyWhenItsReaderHasSeenEnough) {
   for (int count = 0; count < 20'000; ++count) {
     text += kCard;
   }
-  for (const char* const command : {"show", "json"}) {
-    Invocation invocation{{command}, text};
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"show"}, {"json"}, {"clean", "--quiet"}}) {
+    Invocation invocation{command, text};
     invocation.readOnly = 10;
     const Outcome outcome = runTool(invocation);
     EXPECT_EQ(outcome.status, 0);
