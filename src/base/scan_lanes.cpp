@@ -1,6 +1,7 @@
 #include "base/scan_lanes.h"
 
 #include "base/ascii.h"
+#include "base/fetch.h"
 
 #include <algorithm>
 #include <bit>
@@ -276,6 +277,7 @@ ValueMarks marksOfValue(TextView text, std::size_t begin) noexcept {
   ValueMarks marks;
   std::size_t at = begin;
   for (; text.size() - at >= kLanes; at += kLanes) {
+    fetchAhead(text.data() + at);
     const Lanes lanes(text, at);
     if (lanes.signsInValue() == 0) {
       continue;

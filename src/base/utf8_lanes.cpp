@@ -1,5 +1,6 @@
 #include "base/utf8_lanes.h"
 
+#include "base/fetch.h"
 #include "base/utf8_block.h"
 
 #if defined(__x86_64__) && defined(__GNUC__)
@@ -286,6 +287,7 @@ std::size_t narrowBlocks(TextView text, char* output) noexcept {
       break;
     }
     store(output + at, _mm_packus_epi16(first, second));
+    fetchAhead(text.data() + at);
   }
   return at;
 }

@@ -1,5 +1,6 @@
 #include "base/utf8_wide_lanes.h"
 
+#include "base/fetch.h"
 #include "base/utf8_block.h"
 #include "base/wide_lanes.h"
 
@@ -80,6 +81,7 @@ CARDWRIGHT_WIDE EncodedRun encodeWide(TextView text, char* output) noexcept {
       _mm256_storeu_si256(reinterpret_cast<__m256i*>(end), bytes); // NOLINT: unaligned by design
       end += count;
       at += count;
+      fetchAhead(text.data() + at);
     } else if (beyondPairs == 0) {
       end += storePairs(end, units, beyondAscii) - (kUnits - count);
       at += count;

@@ -1,5 +1,6 @@
 #include "base/ascii.h"
 #include "base/case.h"
+#include "base/fetch.h"
 #include "cardwright/utf8.h"
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_utilities.h"
@@ -92,21 +93,6 @@ bool isCompanion(const VCardProperty& property) {
   return !name.empty() && asciiUpper(name.front()) == u'X' &&
          (equalIgnoringCase(name, cVCardProperty_X_ABLabel) ||
           equalIgnoringCase(name, cVCardProperty_X_ABADR));
-}
-
-/// A processor that is told so fetches several places of memory at a time; otherwise the walk along
-/// the pointers waits for each.
-template <typename T>
-void fetch(const T* object) noexcept {
-#if defined(__GNUC__)
-  constexpr std::size_t kCacheLine = 64;
-  const auto* const bytes = reinterpret_cast<const char*>(object); // NOLINT: nothing is read
-  for (std::size_t at = 0; at < sizeof(T); at += kCacheLine) {
-    __builtin_prefetch(bytes + at);
-  }
-#else
-  static_cast<void>(object);
-#endif
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #include "writer/unchanged/card.h"
 
 #include "base/ascii.h"
+#include "base/fetch.h"
 #include "base/of_thread.h"
 #include "cardwright/vocabulary.h"
 #include "model/line_store.h"
+#include "model/stated_version.h"
 #include "model/stored_parts.h"
 #include "writer/companions.h"
 #include "writer/folding.h"
@@ -181,6 +183,7 @@ class UnchangedCard {
       return takeName(number, name ? &*name : nullptr);
     }
     const std::size_t begin = output.size();
+    fetchAhead(m_texts[number].data());
     const RewrittenLine rewritten = rewriteLine(output, readLine(number), m_version, m_memory);
     if (rewritten.rewriting != Rewriting::done) {
       line.left = rewritten.rewriting == Rewriting::needsRoom ? Left::all : Left::theProperty;
