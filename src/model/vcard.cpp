@@ -4,6 +4,8 @@
 #include "base/case.h"
 #include "cardwright/vocabulary.h"
 #include "model/known_names.h"
+#include "model/line_store.h"
+#include "model/stated_version.h"
 
 #include <array>
 
@@ -93,6 +95,13 @@ const VCardProperty* VCard::firstPropertyWithKey(TextView key) const {
 }
 
 std::uint64_t VCard::version() const {
+  // Where the first line tells, nothing has to be read, nor what was read be fetched.
+  if (isUnchanged() && m_lines.count != 0) {
+    const VersionCode stated = versionOfPlainLine(m_lines.store->lines[m_lines.first]);
+    if (stated != 0) {
+      return static_cast<std::uint64_t>(stated);
+    }
+  }
   const VCardProperty* property = firstPropertyWithKey(cVCardProperty_VERSION);
   return property != nullptr ? property->versionValue() : 0;
 }

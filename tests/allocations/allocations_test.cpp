@@ -39,5 +39,26 @@ TEST(Allocations, areFewForEachProperty) {
   EXPECT_LT(allocationsPerProperty(4), 9);
 }
 
+TEST(Allocations, areNoneToTellVersionsAndFewToWriteCards) {
+  AddressBookOptions options;
+  options.cards = 1'000;
+  const std::string utf8 = addressBook(options);
+  static_cast<void>(writeCards(readCards(utf8))); // what each thread makes once
+  const VCardList cards = readCards(utf8);
+  std::size_t before = allocationsSoFar();
+  std::size_t versions = 0;
+  for (const auto& card : cards) {
+    versions += card->version() >= 2 ? 1 : 0;
+  }
+  EXPECT_EQ(versions, cards.size());
+  EXPECT_EQ(allocationsSoFar(), before);
+
+  before = allocationsSoFar();
+  static_cast<void>(writeCards(cards));
+  const std::size_t made = allocationsSoFar() - before;
+  std::cout << made << " allocations to write " << cards.size() << " cards\n";
+  EXPECT_LT(made, 3 * cards.size()); // photos of 2.1 are made of properties
+}
+
 } // namespace
 } // namespace cardwright

@@ -1,6 +1,7 @@
 #include "cardwright/text_scanner.h"
 #include "cardwright/vcard.h"
 #include "cardwright/vcard_text_value.h"
+#include "support/text_printer.h"
 
 #include <gtest/gtest.h>
 
@@ -52,6 +53,49 @@ TEST(UnreadCard, takesChangesBeforeAnyQuestion) {
   EXPECT_EQ(replaced->version(), 0U);
   replaced->addProperty(VCardProperty::propertyForVersion(3));
   EXPECT_EQ(replaced->propertyDict().size(), 1U);
+}
+
+std::shared_ptr<VCard> cardOfLines(const Text& lines) {
+  const Text text = u"BEGIN:VCARD\r\n" + lines + u"END:VCARD\r\n";
+  TextScanner scanner{TextView(text)};
+  return VCard::vCardFromScanner(&scanner);
+}
+
+TEST(UnreadCard, tellsTheVersionThatItsPropertiesTell) {
+  for (const TextView lines :
+       {u"VERSION:2.1\r\n", u"VERSION:3.0\r\nVERSION:4.0\r\n", u"VERSION:4.0\r\nFN:a\r\n",
+        u"VERSION:none\r\nVERSION:4.0\r\n", u"FN:a\r\nVERSION:3.0\r\n", u"FN:a\r\n", u"",
+        u"version:3.0\r\n", u"VERSION: 3.0\r\n", u"VERSION:3.0 \r\n", u"a.VERSION:4.0\r\n",
+        u"VERSION:5.0\r\nVERSION:3.0\r\n", u"VERSION:-1\r\n", u"VERSION:3.01\r\n",
+        u"VERSION;VALUE=uri:3.0\r\n", u"VERSION;VALUE=integer:3.0\r\n", u"VERSION:3.\r\n 0\r\n"}) {
+    const std::uint64_t unread = cardOfLines(Text(lines))->version();
+    const auto card = cardOfLines(Text(lines));
+    const auto list = card->propertiesWithName(u"VERSION");
+    ASSERT_NE(list, nullptr) << testing::PrintToString(lines);
+    EXPECT_EQ(unread, list->front()->versionValue()) << testing::PrintToString(lines);
+    EXPECT_EQ(unread, card->version()) << testing::PrintToString(lines);
+  }
+}
+
+TEST(UnreadCard, tellsAnotherVersionOnceItIsChanged) {
+  const auto stated = cardOfLines(u"VERSION:3.0\r\nVERSION:4.0\r\n");
+  const auto versions = stated->propertiesWithName(u"VERSION");
+  versions->front()->setValue(VCardTextValue::valueWithText(u"2.1"));
+  EXPECT_EQ(stated->version(), 2U);
+  versions->erase(versions->begin());
+  EXPECT_EQ(stated->version(), 4U);
+  EXPECT_TRUE(stated->removePropertiesWithName(u"VERSION"));
+  EXPECT_EQ(stated->version(), 0U);
+
+  const auto parsed = unreadCard();
+  const auto value = parsed->propertiesWithName(u"VERSION")->front()->value();
+  EXPECT_EQ(parsed->version(), 4U);
+  value->parse(u"3.0", 4, nullptr);
+  EXPECT_EQ(parsed->version(), 3U);
+
+  const auto added = unreadCard();
+  added->addProperty(VCardProperty::propertyForVersion(3));
+  EXPECT_EQ(added->version(), 4U);
 }
 
 TEST(UnreadCard, isReadFromATextThatIsGone) {

@@ -364,8 +364,7 @@ VersionCode plainlyStatedVersion(const detail::CardLines& lines) noexcept {
       return 0;
     }
   }
-  const TextView line = lines.store->lines[stating];
-  return line == u"VERSION:3.0" ? 3 : line == u"VERSION:4.0" ? 4 : line == u"VERSION:2.1" ? 2 : 0;
+  return versionOfPlainLine(lines.store->lines[stating]);
 }
 
 } // namespace cardwright
