@@ -61,8 +61,9 @@ TEST(CleanCommand, leavesLargeFilesByteForByteAmongSmallOnes) {
   const std::string largeFile = folder.write("large.vcf", large);
   const std::string smallFile = folder.write("small.vcf", kSound);
   const std::string both = large + std::string(kSound);
-  EXPECT_TRUE(runTool({{"clean", largeFile, smallFile, largeFile, largeFile, smallFile}, ""})
-                  .output == both + large + both);
+  EXPECT_TRUE(
+      runTool({{"clean", largeFile, smallFile, largeFile, largeFile, smallFile}, ""}).output ==
+      both + large + both);
   EXPECT_TRUE(runTool({{"clean", smallFile, "-"}, large}).output == std::string(kSound) + large);
 }
 
