@@ -4,8 +4,10 @@
 #include "cleaner/matching/letters.h"
 #include "support/icu_pattern.h"
 #include "support/line_generator.h"
+#include "support/random_source.h"
 #include "support/seed.h"
 #include "support/text_printer.h"
+#include "support/time_growth.h"
 #include "support/token_texts.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +16,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <iomanip>
 #include <iostream>
 #include <sstream>
@@ -58,11 +59,6 @@ Text textOf(char32_t codePoint) {
 }
 
 /// How many lines are generated: CARDWRIGHT_LINES of the environment, else enough for every day.
-std::uint64_t numberOfLines() {
-  const char* wanted = std::getenv("CARDWRIGHT_LINES");
-  return wanted != nullptr ? std::stoull(wanted) : 200000;
-}
-
 /// Our scanners beside ICU's engine for the same texts of patterns.
 class Engines {
  public:
@@ -109,7 +105,8 @@ class Engines {
 
 TEST(Matching, agreesWithIcuOnGeneratedLines) {
   const std::uint64_t seed = testSeed();
-  const std::uint64_t lines = numberOfLines();
+  const std::uint64_t lines =
+      environmentNumber("CARDWRIGHT_LINES", kTimesAreMeaningful ? 200'000 : 20'000);
   std::cout << "seed " << seed << ", " << lines << " lines\n";
   Engines engines;
   LineGenerator generator(seed);

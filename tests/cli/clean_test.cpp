@@ -55,7 +55,7 @@ TEST(CleanCommand, gluesNoTwoCardsTogether) {
 
 TEST(CleanCommand, leavesLargeFilesByteForByteAmongSmallOnes) {
   AddressBookOptions options;
-  options.cards = 20'000; // more than a large page, and than what is gathered before it is written
+  options.cards = 8'000; // more than a large page, and than what is gathered before it is written
   const std::string large = addressBook(options);
   const TemporaryFolder folder;
   const std::string largeFile = folder.write("large.vcf", large);
